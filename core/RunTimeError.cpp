@@ -1,0 +1,29 @@
+#include "core/RunTimeError.h"
+
+RunTimeError::RunTimeError(int number, const QString &description)
+    : std::runtime_error(QStringLiteral("Błąd wykonania '%1': %2").arg(number).arg(description).toStdString()),
+      m_number(number), m_description(description)
+{
+}
+
+QString RunTimeError::message() const
+{
+    return QString::fromUtf8(what());
+}
+
+RunTimeError RunTimeError::within(const QString &where) const
+{
+    return RunTimeError(m_number, where + QStringLiteral(": ") + m_description);
+}
+
+RunTimeError RunTimeError::overflow() { return {Overflow, QStringLiteral("Przepełnienie")}; }
+RunTimeError RunTimeError::typeMismatch() { return {TypeMismatch, QStringLiteral("Niezgodność typów")}; }
+RunTimeError RunTimeError::invalidUseOfNull() { return {InvalidUseOfNull, QStringLiteral("Nieprawidłowe użycie wartości Null")}; }
+RunTimeError RunTimeError::subscriptOutOfRange() { return {SubscriptOutOfRange, QStringLiteral("Indeks poza zakresem")}; }
+RunTimeError RunTimeError::duplicateKey()
+{
+    return {DuplicateKey, QStringLiteral("Ten klucz jest już skojarzony z elementem kolekcji")};
+}
+RunTimeError RunTimeError::divisionByZero() { return {DivisionByZero, QStringLiteral("Dzielenie przez zero")}; }
+RunTimeError RunTimeError::invalidCall() { return {InvalidCall, QStringLiteral("Nieprawidłowe wywołanie procedury lub argument")}; }
+RunTimeError RunTimeError::database(const QString &what) { return {DatabaseError, what}; }

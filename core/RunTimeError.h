@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QString>
+#include <stdexcept>
+
+// A failure of the run-time: a number and a description, as the operator
+// sees them in a message box. Thrown where a conversion, an integer range or
+// a collection refuses, and caught only at the event boundaries that handle
+// it; anywhere else it ends the running event or the process.
+class RunTimeError : public std::runtime_error {
+public:
+    enum Number {
+        InvalidCall = 5,
+        Overflow = 6,
+        SubscriptOutOfRange = 9,
+        DivisionByZero = 11,
+        TypeMismatch = 13,
+        InvalidUseOfNull = 94,
+        DuplicateKey = 457,
+        DatabaseError = 3000,
+    };
+
+    RunTimeError(int number, const QString &description);
+
+    int number() const { return m_number; }
+    const QString &description() const { return m_description; }
+    // "Błąd wykonania '6': Przepełnienie"
+    QString message() const;
+    // The same error with the place where it happened put in front.
+    RunTimeError within(const QString &where) const;
+
+    static RunTimeError overflow();
+    static RunTimeError typeMismatch();
+    static RunTimeError invalidUseOfNull();
+    static RunTimeError subscriptOutOfRange();
+    static RunTimeError duplicateKey();
+    static RunTimeError divisionByZero();
+    static RunTimeError invalidCall();
+    static RunTimeError database(const QString &what);
+
+private:
+    int m_number;
+    QString m_description;
+};

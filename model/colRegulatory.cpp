@@ -1,0 +1,9 @@
+#include "model/colRegulatory.h"
+
+clRegulator &colRegulatory::Add(std::int16_t adres, const QString &Kod, const QString &sKey)
+{
+    auto r = std::make_unique<clRegulator>(m_station);
+    r->Kod = Kod;
+    r->adres = adres;
+    return m_items.append(std::move(r), sKey);
+}
