@@ -1,0 +1,38 @@
+#include "core/StartUp.h"
+
+#include "core/ControllerLoader.h"
+#include "core/Conversions.h"
+#include "core/SplashView.h"
+#include "core/Station.h"
+
+void StartUp(Station &station)
+{
+    fillBitMasks(station.bitMasks);
+
+    station.services.splash.showProgress(QStringLiteral("Otwieram bazę danych i wczytuje regulatory..."));
+
+    station.db = std::make_unique<Database>(DatabaseConfig::fromSettings(station.services.settings));
+    station.db->open();
+
+    station.rsPomiary = std::make_unique<RowSet>(*station.db);
+    station.rsRegulatory = std::make_unique<RowSet>(*station.db);
+    station.rsOstPomiar = std::make_unique<RowSet>(*station.db);
+    station.rsRegulatory->open(SqlStatement(QStringLiteral("Select * from Regulatory order by kod")));
+    station.rsPomiary->openTable(QStringLiteral("Pomiary"));
+    station.rsOstPomiar->openTable(QStringLiteral("OstPomiar"));
+
+    ControllerLoader loader(*station.rsRegulatory, *station.rsOstPomiar, station.Regulatory);
+    std::int16_t count = 0;
+    RowSet &rows = *station.rsRegulatory;
+    rows.MoveFirst();
+    while (!rows.EOF_()) {
+        // exactly "regulator", untrimmed and case-sensitive: anything else is inert
+        if (rows.field(QStringLiteral("typ")).toString() == QLatin1String("regulator")) {
+            count = conv::add16(count, 1);
+            loader.load(count);
+        }
+        rows.MoveNext();
+    }
+    station.oApp.IloscRegulatorow = count;
+    station.oApp.NrAktRegulatora = 1;
+}

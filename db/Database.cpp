@@ -1,0 +1,121 @@
+#include "db/Database.h"
+
+#include "core/RunTimeError.h"
+
+#include <QAtomicInt>
+#include <QFileInfo>
+#include <QSqlError>
+
+namespace {
+QAtomicInt connectionCounter;
+
+QString sqliteUri(const QString &file, Database::OpenMode mode)
+{
+    const QString path = QFileInfo(file).absoluteFilePath();
+    const QString openMode = mode == Database::OpenMode::Existing ? QStringLiteral("rw") : QStringLiteral("rwc");
+    return QStringLiteral("file:%1?mode=%2").arg(QString::fromLatin1(QUrl::toPercentEncoding(path, "/")), openMode);
+}
+}
+
+Database::Database(const DatabaseConfig &config)
+    : m_config(config), m_dialect(SqlDialect::create(config.engine)),
+      m_connectionName(QStringLiteral("zorbel-%1").arg(connectionCounter.fetchAndAddRelaxed(1)))
+{
+}
+
+Database::~Database()
+{
+    close();
+    m_db = QSqlDatabase();
+    QSqlDatabase::removeDatabase(m_connectionName);
+}
+
+void Database::open(OpenMode mode)
+{
+    if (!QSqlDatabase::isDriverAvailable(m_dialect->driver()))
+        fail(QStringLiteral("Brak sterownika bazy danych %1").arg(m_dialect->driver()), QString());
+    m_db = QSqlDatabase::addDatabase(m_dialect->driver(), m_connectionName);
+    if (m_config.engine == SqlDialect::Engine::SQLite) {
+        if (mode == OpenMode::Existing && !QFileInfo::exists(m_config.file))
+            fail(QStringLiteral("Nie można otworzyć bazy danych %1").arg(m_config.file),
+                 QStringLiteral("plik nie istnieje"));
+        m_db.setDatabaseName(sqliteUri(m_config.file, mode));
+        // A locked file is waited for a while before the statement fails.
+        m_db.setConnectOptions(QStringLiteral("QSQLITE_OPEN_URI;QSQLITE_BUSY_TIMEOUT=5000"));
+    } else {
+        m_db.setHostName(m_config.host);
+        m_db.setPort(m_config.port);
+        m_db.setDatabaseName(m_config.name);
+        m_db.setUserName(m_config.user);
+        m_db.setPassword(m_config.password);
+    }
+    if (!m_db.open())
+        fail(QStringLiteral("Nie można otworzyć bazy danych %1").arg(m_config.describe()), m_db.lastError().text());
+    for (const QString &sql : m_dialect->sessionSetup())
+        execText(sql);
+}
+
+void Database::close()
+{
+    if (m_db.isOpen())
+        m_db.close();
+}
+
+bool Database::isOpen() const
+{
+    return m_db.isOpen();
+}
+
+QSqlQuery Database::exec(const SqlStatement &statement)
+{
+    QVariantList binds;
+    const QString sql = statement.render(*m_dialect, &binds);
+    QSqlQuery q(m_db);
+    q.setForwardOnly(true);
+    if (!q.prepare(sql))
+        fail(QStringLiteral("Błąd zapytania \"%1\"").arg(sql), q.lastError().text());
+    for (const QVariant &v : binds)
+        q.addBindValue(v);
+    if (!q.exec())
+        fail(QStringLiteral("Błąd zapytania \"%1\"").arg(sql), q.lastError().text());
+    return q;
+}
+
+void Database::execText(const QString &sql)
+{
+    QSqlQuery q(m_db);
+    if (!q.exec(sql))
+        fail(QStringLiteral("Błąd zapytania \"%1\"").arg(sql), q.lastError().text());
+}
+
+bool Database::tableExists(const QString &table)
+{
+    const QStringList tables = m_db.tables(QSql::Tables);
+    for (const QString &t : tables)
+        if (t.compare(table, Qt::CaseInsensitive) == 0)
+            return true;
+    return false;
+}
+
+void Database::transaction()
+{
+    if (!m_db.transaction())
+        fail(QStringLiteral("Nie można rozpocząć transakcji"), m_db.lastError().text());
+}
+
+void Database::commit()
+{
+    if (!m_db.commit())
+        fail(QStringLiteral("Nie można zatwierdzić transakcji"), m_db.lastError().text());
+}
+
+void Database::rollback()
+{
+    m_db.rollback();
+}
+
+void Database::fail(const QString &what, const QString &detail) const
+{
+    const QString d = detail.trimmed();
+    throw RunTimeError::database(d.isEmpty() ? what : what + QStringLiteral(": ") + d);
+}

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "db/DatabaseConfig.h"
+#include "db/SqlDialect.h"
+#include "db/SqlStatement.h"
+
+#include <QSqlDatabase>
+#include <QSqlQuery>
+#include <memory>
+
+// One connection to the station's database. Every statement goes through
+// exec() as one prepared statement; a failure is a run-time error that says
+// what failed and where.
+class Database {
+public:
+    enum class OpenMode { Existing, CreateIfMissing };
+
+    explicit Database(const DatabaseConfig &config);
+    ~Database();
+    Database(const Database &) = delete;
+    Database &operator=(const Database &) = delete;
+
+    // Opens the connection. The station only opens a database that exists;
+    // the admin tool may create the file.
+    void open(OpenMode mode = OpenMode::Existing);
+    void close();
+    bool isOpen() const;
+
+    QSqlQuery exec(const SqlStatement &statement);
+    // Statements the station itself writes out whole (schema, pragmas).
+    void execText(const QString &sql);
+    bool tableExists(const QString &table);
+
+    void transaction();
+    void commit();
+    void rollback();
+
+    const SqlDialect &dialect() const { return *m_dialect; }
+    const DatabaseConfig &config() const { return m_config; }
+    QSqlDatabase &connection() { return m_db; }
+
+private:
+    [[noreturn]] void fail(const QString &what, const QString &detail) const;
+
+    DatabaseConfig m_config;
+    std::unique_ptr<SqlDialect> m_dialect;
+    QString m_connectionName;
+    QSqlDatabase m_db;
+};

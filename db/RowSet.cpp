@@ -1,0 +1,137 @@
+#include "db/RowSet.h"
+
+#include "core/RunTimeError.h"
+#include "db/Database.h"
+
+#include <QSqlQuery>
+
+void RowSet::open(const SqlStatement &query)
+{
+    QVariantList binds;
+    m_query = query;
+    m_source = query.render(m_db.dialect(), &binds);
+    m_open = true;
+    m_loaded = false;
+    ensureLoaded();
+}
+
+void RowSet::openTable(const QString &table)
+{
+    if (!m_db.tableExists(table))
+        throw RunTimeError::database(QStringLiteral("Brak tabeli %1 w bazie danych %2").arg(table, m_db.config().describe()));
+    m_query = SqlStatement(QStringLiteral("SELECT * FROM ") + table);
+    m_source = table;
+    m_open = true;
+    m_loaded = false;
+    m_rows.clear();
+    m_pos = -1;
+}
+
+void RowSet::close()
+{
+    m_open = false;
+    m_loaded = false;
+    m_rows.clear();
+    m_pos = -1;
+}
+
+void RowSet::ensureLoaded()
+{
+    if (m_loaded)
+        return;
+    if (!m_open)
+        throw RunTimeError::database(QStringLiteral("Zbiór wierszy %1 jest zamknięty").arg(m_source));
+    QSqlQuery q = m_db.exec(m_query);
+    m_layout = q.record();
+    m_rows.clear();
+    while (q.next())
+        m_rows.push_back(q.record());
+    m_loaded = true;
+    m_pos = 0; // at the first row; an empty set is at its end and its start at once
+}
+
+void RowSet::requery()
+{
+    m_loaded = false;
+    ensureLoaded();
+}
+
+bool RowSet::EOF_() const
+{
+    return !m_loaded ? false : m_pos >= int(m_rows.size());
+}
+
+bool RowSet::BOF() const
+{
+    return !m_loaded ? false : (m_rows.empty() || m_pos < 0);
+}
+
+bool RowSet::isEmpty()
+{
+    ensureLoaded();
+    return m_rows.empty();
+}
+
+void RowSet::MoveFirst()
+{
+    ensureLoaded();
+    m_pos = 0;
+}
+
+void RowSet::MoveNext()
+{
+    ensureLoaded();
+    if (m_pos >= int(m_rows.size()))
+        throw RunTimeError::database(QStringLiteral("Zbiór wierszy %1 jest już na końcu").arg(m_source));
+    ++m_pos;
+}
+
+void RowSet::Find(const QString &criterion)
+{
+    ensureLoaded();
+    const int eq = criterion.indexOf(QLatin1Char('='));
+    if (eq <= 0)
+        throw RunTimeError::database(QStringLiteral("Niepoprawne kryterium wyszukiwania \"%1\"").arg(criterion));
+    const QString column = criterion.left(eq).trimmed();
+    const QString wanted = criterion.mid(eq + 1).trimmed();
+    if (!m_rows.empty() && m_layout.indexOf(column) < 0)
+        throw RunTimeError::database(QStringLiteral("Brak kolumny %1 w %2").arg(column, m_source));
+    if (m_pos < 0)
+        m_pos = 0;
+    for (; m_pos < int(m_rows.size()); ++m_pos)
+        if (matches(m_rows[std::size_t(m_pos)].value(column), wanted))
+            return;
+}
+
+bool RowSet::matches(const QVariant &value, const QString &wanted)
+{
+    if (value.isNull())
+        return false;
+    bool wantedIsNumber = false;
+    const double w = wanted.toDouble(&wantedIsNumber);
+    bool valueIsNumber = false;
+    const double v = value.toDouble(&valueIsNumber);
+    if (wantedIsNumber && valueIsNumber)
+        return v == w;
+    QString text = wanted;
+    if (text.size() >= 2 && text.startsWith(QLatin1Char('\'')) && text.endsWith(QLatin1Char('\'')))
+        text = text.mid(1, text.size() - 2);
+    return value.toString() == text;
+}
+
+QVariant RowSet::field(const QString &column) const
+{
+    if (!m_loaded || m_pos < 0 || m_pos >= int(m_rows.size()))
+        throw RunTimeError::database(QStringLiteral("Brak bieżącego wiersza w %1").arg(m_source));
+    const QSqlRecord &r = m_rows[std::size_t(m_pos)];
+    const int i = r.indexOf(column);
+    if (i < 0)
+        throw RunTimeError::database(QStringLiteral("Brak kolumny %1 w %2").arg(column, m_source));
+    return r.value(i);
+}
+
+int RowSet::rowCount()
+{
+    ensureLoaded();
+    return int(m_rows.size());
+}

@@ -1,0 +1,57 @@
+#pragma once
+
+#include "db/SqlStatement.h"
+
+#include <QSqlRecord>
+#include <QString>
+#include <QVariant>
+#include <vector>
+
+class Database;
+
+// A set of rows held open on the connection, walked with a cursor: at its
+// first row or at its end, moved forward, searched forward with a criterion
+// of the form "Column=value". A set opened on a whole table reads its rows
+// only when it is first walked, so a large archive opened for appends costs
+// nothing.
+class RowSet {
+public:
+    explicit RowSet(Database &db) : m_db(db) {}
+
+    // The rows of a query.
+    void open(const SqlStatement &query);
+    // A whole table by name; a missing table is a run-time error here.
+    void openTable(const QString &table);
+    void close();
+    bool isOpen() const { return m_open; }
+
+    bool EOF_() const;
+    bool BOF() const;
+    bool isEmpty();
+    void MoveFirst();
+    void MoveNext();
+    // Searches forward from the current row, that row included. Without a
+    // match the set is left at its end.
+    void Find(const QString &criterion);
+
+    // A column of the current row, its name compared case-blind.
+    QVariant field(const QString &column) const;
+    int rowCount();
+    const QString &source() const { return m_source; }
+
+    // Reads the rows again (after a write through another statement).
+    void requery();
+
+private:
+    void ensureLoaded();
+    static bool matches(const QVariant &value, const QString &wanted);
+
+    Database &m_db;
+    SqlStatement m_query;
+    QString m_source;
+    QSqlRecord m_layout;
+    std::vector<QSqlRecord> m_rows;
+    bool m_open = false;
+    bool m_loaded = false;
+    int m_pos = -1; // -1 before the first row (BOF); size() at the end (EOF)
+};

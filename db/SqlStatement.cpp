@@ -1,0 +1,42 @@
+#include "db/SqlStatement.h"
+
+#include "db/SqlDialect.h"
+
+SqlStatement &SqlStatement::operator<<(const QString &text)
+{
+    m_pieces.push_back({Piece::Text, text, {}, {}});
+    return *this;
+}
+
+SqlStatement &SqlStatement::value(const QVariant &v)
+{
+    m_pieces.push_back({Piece::Value, {}, v, {}});
+    return *this;
+}
+
+SqlStatement &SqlStatement::date(ZDate d)
+{
+    m_pieces.push_back({Piece::Date, {}, {}, d});
+    return *this;
+}
+
+QString SqlStatement::render(const SqlDialect &dialect, QVariantList *binds) const
+{
+    QString sql;
+    for (const Piece &p : m_pieces) {
+        switch (p.kind) {
+        case Piece::Text:
+            sql += p.text;
+            break;
+        case Piece::Value:
+            sql += QLatin1Char('?');
+            binds->append(p.value);
+            break;
+        case Piece::Date:
+            sql += QLatin1Char('?');
+            binds->append(dialect.dateValue(p.date));
+            break;
+        }
+    }
+    return sql;
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "core/ZDate.h"
+
+#include <QString>
+#include <QVariant>
+#include <QVariantList>
+#include <vector>
+
+class SqlDialect;
+
+// A query kept as its pieces: text of the query itself, and values that are
+// bound as parameters when the statement is prepared. A value can therefore
+// never change the shape of the query or bring a second statement in.
+class SqlStatement {
+public:
+    SqlStatement() = default;
+    explicit SqlStatement(const QString &text) { *this << text; }
+
+    SqlStatement &operator<<(const QString &text);
+    SqlStatement &operator<<(const char *text) { return *this << QString::fromUtf8(text); }
+    SqlStatement &value(const QVariant &v);
+    SqlStatement &date(ZDate d);
+
+    // The text for the engine, with '?' in place of each value, and the values in order.
+    QString render(const SqlDialect &dialect, QVariantList *binds) const;
+
+private:
+    struct Piece {
+        enum Kind { Text, Value, Date } kind;
+        QString text;
+        QVariant value;
+        ZDate date;
+    };
+    std::vector<Piece> m_pieces;
+};
