@@ -1,0 +1,28 @@
+#include "MessageBoxDialogs.h"
+
+#include <QMessageBox>
+
+int MessageBoxDialogs::MsgBox(const QString &prompt, int style, const QString &title)
+{
+    QMessageBox box(m_parent);
+    box.setWindowTitle(title.isEmpty() ? QStringLiteral("Zorbel") : title);
+    box.setText(prompt);
+    switch (style & 0x70) {
+    case Critical: box.setIcon(QMessageBox::Critical); break;
+    case Question: box.setIcon(QMessageBox::Question); break;
+    case Exclamation: box.setIcon(QMessageBox::Warning); break;
+    case Information: box.setIcon(QMessageBox::Information); break;
+    default: break;
+    }
+    switch (style & 0x0f) {
+    case OkCancel: box.setStandardButtons(QMessageBox::Ok | QMessageBox::Cancel); break;
+    case YesNo: box.setStandardButtons(QMessageBox::Yes | QMessageBox::No); break;
+    default: box.setStandardButtons(QMessageBox::Ok); break;
+    }
+    switch (box.exec()) {
+    case QMessageBox::Cancel: return Cancel;
+    case QMessageBox::Yes: return Yes;
+    case QMessageBox::No: return No;
+    default: return Ok;
+    }
+}

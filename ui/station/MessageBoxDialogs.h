@@ -1,0 +1,16 @@
+#pragma once
+
+#include "core/Dialogs.h"
+
+class QWidget;
+
+// Message boxes on the screen, with the caption "Zorbel" unless one is given.
+class MessageBoxDialogs final : public Dialogs {
+public:
+    explicit MessageBoxDialogs(QWidget *parent = nullptr) : m_parent(parent) {}
+    void setParent(QWidget *parent) { m_parent = parent; }
+    int MsgBox(const QString &prompt, int style, const QString &title) override;
+
+private:
+    QWidget *m_parent;
+};

@@ -1,0 +1,56 @@
+#include "ControllerListWindow.h"
+#include "MessageBoxDialogs.h"
+#include "frmSplash.h"
+
+#include "core/Clock.h"
+#include "core/RunTimeError.h"
+#include "core/SettingsStore.h"
+#include "core/StartUp.h"
+#include "core/Station.h"
+
+#include <QApplication>
+#include <QGuiApplication>
+#include <cstdio>
+#include <memory>
+
+namespace {
+
+// A failure that ends the process: said on stderr, so that a run without a
+// screen shows it too, and in a message box where there is a screen to show it on.
+int endWith(const RunTimeError &e, Dialogs &dialogs)
+{
+    std::fprintf(stderr, "zorbel: %s\n", e.what());
+    const QString platform = QGuiApplication::platformName();
+    if (platform != QLatin1String("offscreen") && platform != QLatin1String("minimal"))
+        dialogs.MsgBox(e.message(), Dialogs::Critical, QStringLiteral("Zorbel"));
+    return 1;
+}
+
+}
+
+int main(int argc, char *argv[])
+{
+    QApplication app(argc, argv);
+    QApplication::setOrganizationName(QStringLiteral("Zorbel"));
+    QApplication::setApplicationName(QStringLiteral("Zorbel"));
+
+    SystemClock clock;
+    QtSettingsStore settings;
+    MessageBoxDialogs dialogs;
+    frmSplash splash;
+    Station station(StationServices{clock, settings, dialogs, splash});
+
+    std::unique_ptr<ControllerListWindow> window;
+    try {
+        station.oApp.WczytajOpcje(settings);
+        StartUp(station);
+        window = std::make_unique<ControllerListWindow>(station);
+        dialogs.setParent(window.get());
+        window->show();
+        splash.closeSplash();
+    } catch (const RunTimeError &e) {
+        splash.closeSplash();
+        return endWith(e, dialogs);
+    }
+    return app.exec();
+}
