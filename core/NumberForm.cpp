@@ -65,7 +65,7 @@ QString format(T value, int maxDigits)
     int exponent = 0;
     shortestDigits(magnitude, maxDigits, digits, exponent);
     // Fixed form while every significant digit has its place within maxDigits positions.
-    const bool fixed = exponent >= -5 && exponent < maxDigits;
+    const bool fixed = exponent >= -4 && exponent < maxDigits;
     const std::string body = fixed ? fixedForm(digits, exponent) : exponentForm(digits, exponent);
     return QString::fromLatin1((negative ? "-" : " ") + body);
 }

@@ -2,12 +2,17 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QSettings>
 
 TestEnv::TestEnv()
     : m_oldCwd(QDir::currentPath()), m_oldXdg(qgetenv("XDG_CONFIG_HOME"))
 {
     QDir().mkpath(m_dir.filePath(QStringLiteral("config")));
-    qputenv("XDG_CONFIG_HOME", m_dir.filePath(QStringLiteral("config")).toLocal8Bit());
+    const QString config = m_dir.filePath(QStringLiteral("config"));
+    qputenv("XDG_CONFIG_HOME", config.toLocal8Bit());
+    // QSettings keeps the user path it found first: point it here too.
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, config);
+    QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, config);
     QDir::setCurrent(m_dir.path());
 }
 

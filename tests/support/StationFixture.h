@@ -1,0 +1,47 @@
+#pragma once
+
+#include "FakeClock.h"
+#include "RecordingDialogs.h"
+
+#include "core/SettingsStore.h"
+#include "core/SplashView.h"
+#include "core/Station.h"
+#include "db/Database.h"
+
+#include <QStringList>
+#include <QVariantMap>
+#include <memory>
+
+// A start window that only remembers what it was told.
+class RecordingSplash final : public SplashView {
+public:
+    void showProgress(const QString &text) override { texts << text; }
+    void closeSplash() override { closed = true; }
+    QStringList texts;
+    bool closed = false;
+};
+
+// A station database in a file of the test's directory, and a station
+// built on it with fake services.
+class StationFixture {
+public:
+    explicit StationFixture(const QString &dbFile);
+
+    // Creates the file with the schema (or not, to test its absence).
+    Database &createDatabase();
+    // A controller row with valid defaults; overrides by column name.
+    void addController(const QString &kod, int adres, const QVariantMap &overrides = {});
+    void addLastSample(int adres, float popCzynny, float popBiernSr, float popBiernPojSr, int timerU, ZDate czas);
+
+    Station &station();
+
+    MemorySettingsStore settings;
+    FakeClock clock;
+    RecordingDialogs dialogs;
+    RecordingSplash splash;
+
+private:
+    QString m_file;
+    std::unique_ptr<Database> m_db;
+    std::unique_ptr<Station> m_station;
+};
