@@ -81,6 +81,19 @@ QSqlQuery Database::exec(const SqlStatement &statement)
     return q;
 }
 
+qint64 Database::insert(const SqlStatement &statement, const QString &keyColumn)
+{
+    SqlStatement withKey = statement;
+    withKey << m_dialect->returningClause(keyColumn);
+    QSqlQuery q = exec(withKey);
+    const QVariant key = q.next() ? q.value(0) : q.lastInsertId();
+    bool ok = false;
+    const qint64 id = key.toLongLong(&ok);
+    if (!ok)
+        fail(QStringLiteral("Brak klucza %1 nowego wiersza").arg(keyColumn), QString());
+    return id;
+}
+
 void Database::execText(const QString &sql)
 {
     QSqlQuery q(m_db);

@@ -27,6 +27,8 @@ public:
     bool isOpen() const;
 
     QSqlQuery exec(const SqlStatement &statement);
+    // Runs an INSERT and returns the key the database assigned to the new row.
+    qint64 insert(const SqlStatement &statement, const QString &keyColumn);
     // Statements the station itself writes out whole (schema, pragmas).
     void execText(const QString &sql);
     bool tableExists(const QString &table);

@@ -75,7 +75,7 @@ const std::vector<Table> &tables()
 
 QStringList createStatements(const SqlDialect &dialect)
 {
-    QStringList out;
+    QStringList out = dialect.schemaPreamble();
     for (const Table &t : tables()) {
         QStringList cols;
         for (const Column &c : t.columns)

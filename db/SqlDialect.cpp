@@ -22,6 +22,7 @@ public:
     }
     QString localNowDefault() const override { return QStringLiteral("(datetime('now','localtime'))"); }
     QString returningClause(const QString &) const override { return {}; }
+    QStringList schemaPreamble() const override { return {}; }
     QStringList sessionSetup() const override
     {
         // WAL survives a killed process with every committed row intact;
@@ -38,7 +39,7 @@ public:
     QString columnType(ColumnType type) const override
     {
         switch (type) {
-        case ColumnType::Text: return QStringLiteral("text");
+        case ColumnType::Text: return QStringLiteral("text COLLATE zorbel_nocase");
         case ColumnType::Int16: return QStringLiteral("smallint");
         case ColumnType::Int32: return QStringLiteral("integer");
         case ColumnType::Single: return QStringLiteral("real");
@@ -49,6 +50,12 @@ public:
         return {};
     }
     QString localNowDefault() const override { return QStringLiteral("LOCALTIMESTAMP(0)"); }
+    QStringList schemaPreamble() const override
+    {
+        // text compares case-blind here too: a collation that ignores case only
+        return {QStringLiteral("CREATE COLLATION IF NOT EXISTS zorbel_nocase (provider = icu, "
+                               "locale = 'und-u-ks-level2', deterministic = false)")};
+    }
     QString returningClause(const QString &column) const override { return QStringLiteral(" RETURNING ") + column; }
     QStringList sessionSetup() const override
     {

@@ -24,6 +24,8 @@ public:
     // What follows an INSERT so that it returns the new auto-assigned key
     // as its one result row (empty when the driver reports it otherwise).
     virtual QString returningClause(const QString &column) const = 0;
+    // Statements that must run before the tables are created.
+    virtual QStringList schemaPreamble() const = 0;
     // Statements that set a fresh connection up.
     virtual QStringList sessionSetup() const = 0;
 

@@ -93,8 +93,9 @@ const std::vector<DemoInstallation::Element> &DemoInstallation::tree()
         {"HALA-A", "Hale produkcyjne", "R"},
         {"HALA-B", "Hale produkcyjne", "R"},
         {"SPREZARKI", "Hale produkcyjne", "R"},
-        {"Magazyn", "Zakład", "S"},
-        {"MAGAZYN", "Magazyn", "R"},
+        // tree keys compare case-blind: the hall must not be called "Magazyn"
+        {"Magazyny", "Zakład", "S"},
+        {"MAGAZYN", "Magazyny", "R"},
     };
     return list;
 }
@@ -107,7 +108,7 @@ void DemoInstallation::fill(Database &db, int days, ZDate until, unsigned seed)
         writeControllers(db);
         writeTree(db);
         for (const Controller &c : controllers())
-            if (days > 0 && c.aktywny == QLatin1String("Tak"))
+            if (days > 0) // alarms off or not, a controller is read and archived
                 totals.samples += writeHistory(db, c, days, until, seed + unsigned(c.adres));
         db.commit();
     } catch (...) {

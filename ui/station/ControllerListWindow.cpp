@@ -10,7 +10,7 @@
 ControllerListWindow::ControllerListWindow(Station &station) : m_station(station), m_list(new QTreeWidget(this))
 {
     setWindowTitle(QStringLiteral("Zorbel"));
-    m_list->setHeaderLabels({QStringLiteral("Kod"), QStringLiteral("Adres"), QStringLiteral("Podłączony"),
+    m_list->setHeaderLabels({QStringLiteral("Kod"), QStringLiteral("Adres"), QStringLiteral("Alarmy"),
                              QStringLiteral("Napięcie pomiarowe"), QStringLiteral("Przekładnia"),
                              QStringLiteral("Częstość odczytu"), QStringLiteral("Ostatni odczyt")});
     m_list->setRootIsDecorated(false);
@@ -31,7 +31,7 @@ void ControllerListWindow::fill()
         auto *item = new QTreeWidgetItem(m_list);
         item->setText(0, r->Kod);
         item->setText(1, QString::number(r->adres));
-        item->setText(2, r->aktywny() ? QStringLiteral("tak") : QStringLiteral("nie"));
+        item->setText(2, r->aktywny() ? QStringLiteral("włączone") : QStringLiteral("wyłączone"));
         item->setText(3, QStringLiteral("%1 V").arg(r->NapieciePomiar));
         item->setText(4, numberForm(r->Przekladnia).trimmed());
         item->setText(5, QStringLiteral("%1 min").arg(r->CzestOdczytu));

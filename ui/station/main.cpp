@@ -10,6 +10,8 @@
 
 #include <QApplication>
 #include <QGuiApplication>
+#include <QScreen>
+#include <QTimer>
 #include <cstdio>
 #include <memory>
 
@@ -24,6 +26,23 @@ int endWith(const RunTimeError &e, Dialogs &dialogs)
     if (platform != QLatin1String("offscreen") && platform != QLatin1String("minimal"))
         dialogs.MsgBox(e.message(), Dialogs::Critical, QStringLiteral("Zorbel"));
     return 1;
+}
+
+// --screenshot FILE: once the station has settled, saves the screen as PNG
+// and quits (for documentation and for looking at a run without a screen).
+void scheduleScreenshot(const QStringList &args)
+{
+    const qsizetype i = args.indexOf(QStringLiteral("--screenshot"));
+    if (i < 0 || i + 1 >= args.size())
+        return;
+    const QString file = args.at(i + 1);
+    QTimer::singleShot(1500, qApp, [file] {
+        QWidget *top = QApplication::activeWindow();
+        const QPixmap shot = top ? top->grab() : QGuiApplication::primaryScreen()->grabWindow(0);
+        if (!shot.save(file, "PNG"))
+            std::fprintf(stderr, "zorbel: cannot write %s\n", qPrintable(file));
+        QApplication::quit();
+    });
 }
 
 }
@@ -52,5 +71,6 @@ int main(int argc, char *argv[])
         splash.closeSplash();
         return endWith(e, dialogs);
     }
+    scheduleScreenshot(app.arguments());
     return app.exec();
 }

@@ -1,0 +1,32 @@
+#include "TestDatabases.h"
+
+#include "db/Database.h"
+#include "db/Schema.h"
+
+#include <QFile>
+#include <QTest>
+
+namespace TestDatabases {
+
+void addEngineRows()
+{
+    QTest::addColumn<int>("engine");
+    QTest::newRow("sqlite") << 0;
+    QTest::newRow("postgresql") << 1;
+}
+
+DatabaseConfig fetchEmpty(const QString &sqliteFile)
+{
+    if (QString::fromLatin1(QTest::currentDataTag()) == QLatin1String("postgresql")) {
+        const DatabaseConfig c = DatabaseConfig::fromUrl(qEnvironmentVariable("ZORBEL_TEST_PG_URL"));
+        Database db(c);
+        db.open();
+        for (const Schema::Table &t : Schema::tables())
+            db.execText(QStringLiteral("DROP TABLE IF EXISTS ") + t.name);
+        return c;
+    }
+    QFile::remove(sqliteFile);
+    return DatabaseConfig::fromUrl(QStringLiteral("sqlite:") + sqliteFile);
+}
+
+}
