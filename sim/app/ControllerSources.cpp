@@ -1,0 +1,127 @@
+#include "ControllerSources.h"
+
+#include "core/RunTimeError.h"
+#include "db/Database.h"
+
+#include <QFile>
+#include <QSqlQuery>
+#include <QStringList>
+#include <map>
+#include <stdexcept>
+
+namespace sim::ControllerSources {
+
+namespace {
+
+[[noreturn]] void refuse(const QString &message)
+{
+    throw std::runtime_error(message.toStdString());
+}
+
+std::map<int, CounterSeed> readSeeds(Database &db)
+{
+    std::map<int, CounterSeed> seeds;
+    if (!db.tableExists(QStringLiteral("OstPomiar")))
+        return seeds;
+    QSqlQuery q = db.exec(SqlStatement(QStringLiteral(
+        "SELECT Adres, PopPradCzynny, PopPradBiernSr, PopPradBiernPojSr FROM OstPomiar")));
+    while (q.next())
+        seeds[q.value(0).toInt()] = {q.value(1).toDouble(), q.value(2).toDouble(), q.value(3).toDouble()};
+    return seeds;
+}
+
+std::vector<ControllerConfig> readControllers(Database &db)
+{
+    const auto seeds = readSeeds(db);
+    QSqlQuery q = db.exec(SqlStatement(QStringLiteral(
+        "SELECT Adres, Przekladnia, PrzekladniaNap, NapieciePomiar FROM Regulatory ORDER BY Adres")));
+    std::vector<ControllerConfig> configs;
+    while (q.next()) {
+        ControllerConfig c;
+        c.address = q.value(0).toInt();
+        c.currentRatio = q.value(1).toDouble();
+        c.voltageRatio = q.value(2).toInt();
+        c.measuringVoltage = q.value(3).toInt();
+        if (const auto it = seeds.find(c.address); it != seeds.end())
+            c.seed = it->second;
+        configs.push_back(c);
+    }
+    return configs;
+}
+
+ControllerConfig parseLine(const QStringList &fields, int lineNumber)
+{
+    ControllerConfig c;
+    bool ok = true;
+    auto number = [&](int i, double fallback) {
+        bool fieldOk = true;
+        const double v = i < fields.size() ? fields[i].toDouble(&fieldOk) : fallback;
+        ok = ok && fieldOk;
+        return v;
+    };
+    c.address = int(number(0, 0));
+    c.currentRatio = number(1, c.currentRatio);
+    c.voltageRatio = int(number(2, c.voltageRatio));
+    c.measuringVoltage = int(number(3, c.measuringVoltage));
+    if (!ok || fields.size() > 4 || c.address < kLowestAddress || c.address > kHighestAddress)
+        refuse(QStringLiteral("line %1: expected: address [Przekladnia [PrzekladniaNap [NapieciePomiar]]]")
+                   .arg(lineNumber));
+    return c;
+}
+
+} // namespace
+
+std::vector<ControllerConfig> fromDatabase(const QString &url)
+{
+    try {
+        Database db(DatabaseConfig::fromUrl(url));
+        db.open();
+        return readControllers(db);
+    } catch (const RunTimeError &e) {
+        refuse(QStringLiteral("database %1: %2").arg(url, e.message()));
+    }
+}
+
+std::vector<ControllerConfig> fromConfigText(const QString &text)
+{
+    std::vector<ControllerConfig> configs;
+    const QStringList lines = text.split(u'\n');
+    for (int i = 0; i < lines.size(); ++i) {
+        const QString line = lines[i].section(u'#', 0, 0).simplified();
+        if (!line.isEmpty())
+            configs.push_back(parseLine(line.split(u' '), i + 1));
+    }
+    return configs;
+}
+
+std::vector<ControllerConfig> fromConfigFile(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
+        refuse(QStringLiteral("cannot read %1: %2").arg(path, file.errorString()));
+    try {
+        return fromConfigText(QString::fromUtf8(file.readAll()));
+    } catch (const std::runtime_error &e) {
+        refuse(path + QStringLiteral(", ") + QString::fromStdString(e.what()));
+    }
+}
+
+std::vector<ControllerConfig> fromAddresses(const QList<int> &addresses)
+{
+    std::vector<ControllerConfig> configs;
+    for (int a : addresses) {
+        ControllerConfig c;
+        c.address = a;
+        configs.push_back(c);
+    }
+    return configs;
+}
+
+std::vector<ControllerConfig> restrictTo(std::vector<ControllerConfig> configs,
+                                         const QList<int> &addresses)
+{
+    std::erase_if(configs, [&](const ControllerConfig &c) { return !addresses.contains(c.address); });
+    return configs;
+}
+
+} // namespace sim::ControllerSources

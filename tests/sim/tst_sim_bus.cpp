@@ -1,0 +1,131 @@
+#include "SimRig.h"
+
+#include <QtTest>
+
+using Kind = sim::FrameLogEntry::Kind;
+
+class TestSimBus : public QObject {
+    Q_OBJECT
+
+private slots:
+    void fullReadingOfAddressFive()
+    {
+        SimRig rig({1, 5, 6});
+        sim::SimController &five = *rig.bus.controller(5);
+        const QByteArray lamps1 = SimRig::unstuff(rig.ask(SimRig::frame(5, 0x90, 4)));
+        const QByteArray lamps2 = SimRig::unstuff(rig.ask(SimRig::frame(5, 0xA0, 4)));
+        const QByteArray lamps3 = SimRig::unstuff(rig.ask(SimRig::frame(5, 0xB0, 4)));
+        const QByteArray data = SimRig::unstuff(rig.ask(SimRig::frame(5, 0x4F, 6)));
+
+        QCOMPARE(lamps1, QByteArray(1, char(five.stages().lampByte1())));
+        QCOMPARE(lamps2, QByteArray(1, char(five.stages().lampByte2())));
+        QCOMPARE(lamps3, QByteArray(1, char(five.registerValue(0xB0))));
+        QCOMPARE(data.size(), 33);
+        QCOMPARE(quint8(data[0]), sim::SimController::kLeadByte);
+        QCOMPARE(data.mid(1), five.dataBlock().encode());
+        // A settled controller has some stages on: clear bits in lamp byte 1.
+        QVERIFY(quint8(lamps1[0]) != 0xFF);
+    }
+
+    void onlyTheAddressedControllerAnswers()
+    {
+        SimRig rig({1, 5});
+        QVERIFY(rig.ask(SimRig::frame(3, 0x90, 4)).isEmpty());
+        QVERIFY(rig.ask(SimRig::frame(0, 0x4F, 6)).isEmpty());
+        QCOMPARE(rig.bus.receive(SimRig::frame(5, 0x90, 4)).size(), size_t(1));
+        QCOMPARE(rig.bus.receive(SimRig::frame(1, 0xB0, 4)).size(), size_t(1));
+    }
+
+    void addressTwoIsServed()
+    {
+        SimRig rig({2});
+        QVERIFY(rig.readByte(2, 0x90) != 0xEE);
+    }
+
+    void writesGetNoReply()
+    {
+        SimRig rig({5});
+        QVERIFY(rig.ask(SimRig::frame(5, 0x90, 1, 0xFF)).isEmpty());
+        QVERIFY(rig.ask(SimRig::frame(5, 0x73, 3, 0x3C)).isEmpty());
+        QVERIFY(rig.ask(SimRig::frame(5, 0x6A, 3, 0x00)).isEmpty());
+    }
+
+    void everyTwoInAReplyIsDoubled()
+    {
+        SimRig rig({5});
+        rig.ask(SimRig::frame(5, 0x2F, 3, 0x02));
+        QCOMPARE(rig.ask(SimRig::frame(5, 0x2F, 5)), QByteArray("\x02\x02", 2));
+        rig.ask(SimRig::frame(5, 0x70, 3, 0x02));
+        QCOMPARE(rig.ask(SimRig::frame(5, 0x70, 5)), QByteArray("\x02\x02", 2));
+    }
+
+    void dataReplyIsStuffedThroughout()
+    {
+        SimRig rig({5});
+        const QByteArray line = rig.ask(SimRig::frame(5, 0x4F, 6));
+        const QByteArray data = SimRig::unstuff(line);
+        QCOMPARE(data.size(), 33);
+        QCOMPARE(line.size(), 33 + int(data.count(char(2))));
+        QCOMPARE(line, sim::stuffReply(data));
+    }
+
+    void blockingByteAndTimerReadWithFunctionFive()
+    {
+        SimRig rig({5});
+        rig.ask(SimRig::frame(5, 0x2F, 3, 0x21));
+        QCOMPARE(rig.readByte(5, 0x2F, 5), quint8(0x21));
+        QCOMPARE(rig.readByte(5, 0x74, 5), quint8(0));
+    }
+
+    void unknownRequestIsLoggedAndUnanswered()
+    {
+        SimRig rig({5});
+        QVERIFY(rig.ask(SimRig::frame(5, 0xB0, 1, 0)).isEmpty());  // lamp byte 3 takes no write
+        QVERIFY(rig.ask(SimRig::frame(5, 0x4F, 4)).isEmpty());
+        QCOMPARE(rig.log.back().kind, Kind::Ignored);
+    }
+
+    void frameLogRecordsBothDirections()
+    {
+        SimRig rig({5});
+        rig.ask(QByteArray("\xFF\x01", 2));
+        rig.advanceSeconds(1);
+        rig.ask(SimRig::frame(5, 0x90, 4));
+        rig.ask(SimRig::frame(7, 0x90, 4));
+        QCOMPARE(rig.log.size(), size_t(4));
+        QCOMPARE(rig.log[0].kind, Kind::Discarded);
+        QCOMPARE(rig.log[1].kind, Kind::Received);
+        QCOMPARE(rig.log[1].bytes, SimRig::frame(5, 0x90, 4));
+        QCOMPARE(rig.log[2].kind, Kind::Answered);
+        QCOMPARE(rig.log[2].address, 5);
+        QCOMPARE(rig.log[3].kind, Kind::Received);
+        QCOMPARE(rig.log[3].address, 7);
+        QCOMPARE(rig.log[1].toText(), QStringLiteral("10:00:01.000 RX @5 02 05 90 04"));
+    }
+
+    void garbageOnTheLineNeverStopsService()
+    {
+        SimRig rig({1, 2, 5});
+        QRandomGenerator random(11);
+        for (int round = 0; round < 500; ++round) {
+            QByteArray chunk(random.bounded(1, 64), Qt::Uninitialized);
+            for (char &c : chunk)
+                c = char(random.bounded(256));
+            rig.ask(chunk);  // answers to chance frames are allowed
+            rig.clock.advance(random.bounded(40));
+        }
+        rig.advanceSeconds(1);
+        const QByteArray data = SimRig::unstuff(rig.ask(SimRig::frame(5, 0x4F, 6)));
+        QCOMPARE(data.size(), 33);
+    }
+
+    void noiseDirectlyBeforeAFrameIsSkipped()
+    {
+        SimRig rig({5});
+        const QByteArray noisy = QByteArray("\x02\x07\x00", 3) + SimRig::frame(5, 0x90, 4);
+        QCOMPARE(SimRig::unstuff(rig.ask(noisy)).size(), 1);
+    }
+};
+
+QTEST_GUILESS_MAIN(TestSimBus)
+#include "tst_sim_bus.moc"
