@@ -27,3 +27,7 @@ RunTimeError RunTimeError::duplicateKey()
 RunTimeError RunTimeError::divisionByZero() { return {DivisionByZero, QStringLiteral("Dzielenie przez zero")}; }
 RunTimeError RunTimeError::invalidCall() { return {InvalidCall, QStringLiteral("Nieprawidłowe wywołanie procedury lub argument")}; }
 RunTimeError RunTimeError::database(const QString &what) { return {DatabaseError, what}; }
+RunTimeError RunTimeError::noCurrentRecord()
+{
+    return {NoCurrentRecord, QStringLiteral("Brak bieżącego rekordu: BOF lub EOF ma wartość True albo rekord został usunięty")};
+}

@@ -18,6 +18,7 @@ public:
         InvalidUseOfNull = 94,
         DuplicateKey = 457,
         DatabaseError = 3000,
+        NoCurrentRecord = 3021,
     };
 
     RunTimeError(int number, const QString &description);
@@ -37,6 +38,8 @@ public:
     static RunTimeError divisionByZero();
     static RunTimeError invalidCall();
     static RunTimeError database(const QString &what);
+    // A row was to be changed where the search found none.
+    static RunTimeError noCurrentRecord();
 
 private:
     int m_number;

@@ -4,7 +4,8 @@
 #include <cmath>
 
 namespace {
-const QDate epoch(1899, 12, 30);
+// constexpr: dates built during static initialisation elsewhere need it ready
+constexpr QDate epoch = QDate::fromJulianDay(2415019); // 30 December 1899
 
 std::int64_t floorDiv(std::int64_t a, std::int64_t b)
 {
@@ -51,6 +52,8 @@ ZDate ZDate::fromVariant(const QVariant &value, bool *ok)
 {
     if (ok)
         *ok = true;
+    if (value.metaType() == QMetaType::fromType<ZDate>())
+        return value.value<ZDate>();
     switch (value.typeId()) {
     case QMetaType::QDateTime:
         return fromDateTime(value.toDateTime());
@@ -62,6 +65,11 @@ ZDate ZDate::fromVariant(const QVariant &value, bool *ok)
     default:
         return fromIsoText(value.toString(), ok);
     }
+}
+
+QVariant ZDate::toVariant() const
+{
+    return QVariant::fromValue(*this);
 }
 
 std::int64_t ZDate::wholeSeconds() const

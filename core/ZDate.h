@@ -24,7 +24,8 @@ public:
     static ZDate fromDateTime(const QDateTime &dt);
     // "yyyy-MM-dd HH:mm:ss" (also with 'T' or fractional seconds); invalid text gives nullopt-like zero + ok=false.
     static ZDate fromIsoText(const QString &text, bool *ok = nullptr);
-    // A value read from a database column: a QDateTime, a QDate or ISO text.
+    // A value read from a database column: a QDateTime, a QDate or ISO text;
+    // or a variant that holds a ZDate.
     static ZDate fromVariant(const QVariant &value, bool *ok = nullptr);
 
     constexpr std::int64_t msecs() const { return m_ms; }
@@ -38,6 +39,8 @@ public:
     QDateTime toDateTime() const;
     QString toString(const QString &format) const;
     QString toIsoText() const { return toString(QStringLiteral("yyyy-MM-dd HH:mm:ss")); }
+    // A variant that holds the date itself.
+    QVariant toVariant() const;
 
     constexpr ZDate addMsecs(std::int64_t ms) const { return fromMsecs(m_ms + ms); }
     constexpr ZDate addSecs(std::int64_t s) const { return addMsecs(s * MsPerSecond); }
@@ -52,3 +55,5 @@ public:
 private:
     std::int64_t m_ms = 0;
 };
+
+Q_DECLARE_METATYPE(ZDate)
