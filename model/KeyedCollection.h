@@ -7,7 +7,7 @@
 #include <memory>
 #include <vector>
 
-// An ordered collection reached by 1-based position or by text key. An
+// An ordered collection reached by 1-based position or by text key (case-blind). An
 // unknown position or key is a run-time error to the caller, and so is a key
 // that is already taken. Items are owned and keep their address for life.
 template <typename T>
@@ -16,9 +16,9 @@ public:
     T &append(std::unique_ptr<T> item, const QString &key)
     {
         if (!key.isEmpty()) {
-            if (m_keys.contains(key))
+            if (m_keys.contains(folded(key)))
                 throw RunTimeError::duplicateKey();
-            m_keys.insert(key, int(m_items.size()));
+            m_keys.insert(folded(key), int(m_items.size()));
         }
         m_items.push_back(std::move(item));
         return *m_items.back();
@@ -33,7 +33,7 @@ public:
 
     T &Item(const QString &key) const
     {
-        const auto it = m_keys.constFind(key);
+        const auto it = m_keys.constFind(folded(key));
         if (it == m_keys.constEnd())
             throw RunTimeError::invalidCall();
         return *m_items[std::size_t(*it)];
@@ -51,7 +51,7 @@ public:
     void Remove(const QString &key)
     {
         Item(key);
-        Remove(m_keys.value(key) + 1);
+        Remove(m_keys.value(folded(key)) + 1);
     }
 
     // Iteration in position order.
@@ -59,6 +59,9 @@ public:
     auto end() const { return m_items.end(); }
 
 private:
+    // Keys compare without regard to case.
+    static QString folded(const QString &key) { return key.toCaseFolded(); }
+
     void reindexFrom(int removedIndex)
     {
         for (auto it = m_keys.begin(); it != m_keys.end();) {

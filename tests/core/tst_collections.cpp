@@ -40,7 +40,10 @@ private slots:
         QCOMPARE(c.Count(), 1); // the refused one was not added
         QCOMPARE(errorOf([&] { c.Item(0); }), int(RunTimeError::SubscriptOutOfRange));
         QCOMPARE(errorOf([&] { c.Item(2); }), int(RunTimeError::SubscriptOutOfRange));
-        QCOMPARE(errorOf([&] { c.Item(QStringLiteral("k1")); }), int(RunTimeError::InvalidCall));
+        // keys compare case-blind, as the database does
+        QCOMPARE(c.Item(QStringLiteral("k1")).adres, std::int16_t(1));
+        QCOMPARE(errorOf([&] { c.Add(4, QStringLiteral("k1"), QStringLiteral("k1")); }), int(RunTimeError::DuplicateKey));
+        QCOMPARE(errorOf([&] { c.Item(QStringLiteral("K2")); }), int(RunTimeError::InvalidCall));
         // without a key an item is reached by position only
         c.Add(3, QStringLiteral("bez"), QString());
         QCOMPARE(c.Item(2).adres, std::int16_t(3));
