@@ -296,6 +296,28 @@ private slots:
                                                                           {std::int16_t(0)}, {std::int16_t(0)}}));
     }
 
+    void replyIntoABufferOfTheWrongShapeIsARunTimeError()
+    {
+        LinkRig rig;
+        rig.line.answer(bytes({2, 5, 0x90, 4}), bytes({1}));
+        QVariant single;
+        try {
+            rig.run(1, "Czytaj_Diody", single);
+            QFAIL("a single value took the lamps");
+        } catch (const RunTimeError &e) {
+            QCOMPARE(e.number(), int(RunTimeError::TypeMismatch));
+        }
+        rig.line.arriveAt(rig.clock.now(), QByteArray(32, char(9)));
+        std::array<std::uint8_t, 16> shortBlock{};
+        try {
+            rig.run(1, "czytaj32", shortBlock);
+            QFAIL("32 bytes went into 16");
+        } catch (const RunTimeError &e) {
+            QCOMPARE(e.number(), int(RunTimeError::SubscriptOutOfRange));
+        }
+        QCOMPARE(shortBlock[15], std::uint8_t(9));
+    }
+
     void tcpFieldIsKept()
     {
         LinkRig rig;
