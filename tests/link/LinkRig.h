@@ -1,0 +1,52 @@
+#pragma once
+
+#include "FakeClock.h"
+#include "FakeEventPump.h"
+#include "RecordingDialogs.h"
+#include "RecordingWizual.h"
+
+#include "link/Komunikator.h"
+#include "link/ScriptedLine.h"
+#include "link/clComm.h"
+#include "model/colRegulatory.h"
+
+#include <initializer_list>
+
+inline QByteArray bytes(std::initializer_list<int> values)
+{
+    QByteArray b;
+    for (int v : values)
+        b.append(char(v));
+    return b;
+}
+
+// The link on a scripted line, a fake clock and a fake pump, with
+// controllers at the given addresses (Id 1, 2, ... in that order).
+struct LinkRig {
+    explicit LinkRig(std::initializer_list<int> addresses = {5})
+    {
+        for (int a : addresses) {
+            const QString kod = QStringLiteral("R%1").arg(regulatory.Count() + 1);
+            regulatory.Add(std::int16_t(a), kod, kod);
+        }
+    }
+
+    // A command as the logic gives it, through Komunikator.
+    bool run(std::int16_t id, const QString &word, const ReplyBuffer &reply, std::uint8_t parametr = 0)
+    {
+        QString w = word;
+        return komunikator.WykonajRozkaz(id, w, reply, parametr);
+    }
+
+    std::int64_t elapsedMs() const { return clock.now().msecs() - started.msecs(); }
+
+    FakeClock clock; // at a whole second
+    ZDate started = clock.now();
+    ScriptedLine line{clock};
+    FakeEventPump pump{clock, line};
+    RecordingDialogs dialogs;
+    colRegulatory regulatory;
+    clComm comm{line, clock, pump, dialogs, regulatory};
+    RecordingWizual wizual;
+    Komunikator komunikator{comm, wizual};
+};

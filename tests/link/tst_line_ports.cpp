@@ -1,0 +1,258 @@
+#include "core/Clock.h"
+#include "core/RunTimeError.h"
+#include "core/SettingsStore.h"
+#include "link/Komunikator.h"
+#include "link/PortNames.h"
+#include "link/QtEventPump.h"
+#include "link/StationLine.h"
+#include "link/clComm.h"
+#include "model/colRegulatory.h"
+
+#include "RecordingDialogs.h"
+#include "RecordingWizual.h"
+
+#include <QElapsedTimer>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <QTest>
+#include <ctime>
+#include <fcntl.h>
+#include <memory>
+#include <unistd.h>
+
+namespace {
+std::int64_t cpuMs()
+{
+    timespec t{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &t);
+    return std::int64_t(t.tv_sec) * 1000 + t.tv_nsec / 1'000'000;
+}
+
+QByteArray allByteValues()
+{
+    QByteArray b;
+    for (int i = 0; i < 256; ++i)
+        b.append(char(i));
+    return b;
+}
+
+// The far end of a TCP line: one accepted connection.
+struct Peer {
+    Peer()
+    {
+        server.listen(QHostAddress::LocalHost);
+        store.setValue(QStringLiteral("porty"), QStringLiteral("2"),
+                       QStringLiteral("tcp://127.0.0.1:%1").arg(server.serverPort()));
+    }
+    QTcpSocket &accept()
+    {
+        if (!socket && server.waitForNewConnection(3000))
+            socket = server.nextPendingConnection();
+        return *socket;
+    }
+    QByteArray receive(int count)
+    {
+        QByteArray got;
+        while (got.size() < count && accept().waitForReadyRead(3000))
+            got += socket->readAll();
+        return got;
+    }
+
+    MemorySettingsStore store;
+    QTcpServer server;
+    QTcpSocket *socket = nullptr;
+};
+
+// A pseudo-terminal standing in for a serial device.
+struct Pty {
+    Pty()
+    {
+        master = posix_openpt(O_RDWR | O_NOCTTY);
+        if (master >= 0 && grantpt(master) == 0 && unlockpt(master) == 0)
+            device = QString::fromLocal8Bit(ptsname(master));
+    }
+    ~Pty()
+    {
+        if (master >= 0)
+            ::close(master);
+    }
+    int master = -1;
+    QString device;
+};
+}
+
+// The ports: device names, serial and TCP lines, failures to open, and the
+// link working over a real port with the real pump.
+class LinePortsTest : public QObject {
+    Q_OBJECT
+private slots:
+    void portNumberNamesADevice()
+    {
+        MemorySettingsStore store;
+        QCOMPARE(portDevice(store, 1), QStringLiteral("/dev/ttyS0"));
+        QCOMPARE(portDevice(store, 4), QStringLiteral("/dev/ttyS3"));
+        store.setValue(QStringLiteral("porty"), QStringLiteral("1"), QStringLiteral("/dev/ttyUSB0"));
+        QCOMPARE(portDevice(store, 1), QStringLiteral("/dev/ttyUSB0"));
+        QVERIFY(isTcpDevice(QStringLiteral("tcp://10.0.0.7:4001")));
+        QVERIFY(!isTcpDevice(QStringLiteral("/dev/ttyUSB0")));
+    }
+
+    void portZeroIsARunTimeError()
+    {
+        MemorySettingsStore store;
+        StationLine line(store);
+        try {
+            line.open(0);
+            QFAIL("port 0 opened");
+        } catch (const RunTimeError &e) {
+            QCOMPARE(e.number(), 8002);
+        }
+    }
+
+    void missingSerialDeviceFailsWithTheSystemsDescription()
+    {
+        MemorySettingsStore store;
+        store.setValue(QStringLiteral("porty"), QStringLiteral("1"), QStringLiteral("/dev/zorbel-no-such-tty"));
+        StationLine line(store);
+        QVERIFY(!line.open(1));
+        QVERIFY(!line.isOpen());
+        QVERIFY(!line.errorString().isEmpty());
+        QCOMPARE(line.readByte(), -1);
+        line.send("x"); // harmless on a closed port
+    }
+
+    void serialLineMovesRawBytesAndATakenPortFails()
+    {
+        Pty pty;
+        if (pty.device.isEmpty())
+            QSKIP("no pseudo-terminal");
+        MemorySettingsStore store;
+        store.setValue(QStringLiteral("porty"), QStringLiteral("1"), pty.device);
+        StationLine line(store);
+        QVERIFY2(line.open(1), qPrintable(line.errorString()));
+        StationLine other(store);
+        QVERIFY(!other.open(1));
+        QVERIFY(!other.errorString().isEmpty());
+
+        const QByteArray frame("\x02\x05\x90\x04", 4);
+        line.send(frame);
+        QByteArray got(4, 0);
+        QCOMPARE(::read(pty.master, got.data(), 4), ssize_t(4));
+        QCOMPARE(got, frame);
+        const QByteArray reply("\x02\x02\xFF\x00", 4);
+        QCOMPARE(::write(pty.master, reply.constData(), 4), ssize_t(4));
+        QTRY_COMPARE(line.bytesWaiting(), 4);
+        for (char c : reply)
+            QCOMPARE(line.readByte(), int(static_cast<unsigned char>(c)));
+    }
+
+    void tcpLineMovesEveryByteValueBothWays()
+    {
+        Peer peer;
+        StationLine line(peer.store);
+        QVERIFY2(line.open(2), qPrintable(line.errorString()));
+        line.send(allByteValues());
+        QCOMPARE(peer.receive(256), allByteValues());
+        peer.socket->write(allByteValues());
+        QTRY_COMPARE(line.bytesWaiting(), 256);
+        QByteArray got;
+        while (line.bytesWaiting() > 0)
+            got.append(char(line.readByte()));
+        QCOMPARE(got, allByteValues());
+    }
+
+    void tcpDiscardDropsWhatWaits()
+    {
+        Peer peer;
+        StationLine line(peer.store);
+        QVERIFY(line.open(2));
+        peer.accept().write("abc");
+        peer.socket->flush();
+        QTRY_COMPARE(line.bytesWaiting(), 3);
+        line.discardInput();
+        QCOMPARE(line.bytesWaiting(), 0);
+        QCOMPARE(line.readByte(), -1);
+    }
+
+    void refusedTcpConnectionFailsWithADescription()
+    {
+        Peer peer;
+        peer.server.close();
+        StationLine line(peer.store);
+        QVERIFY(!line.open(2));
+        QVERIFY(!line.errorString().isEmpty());
+    }
+
+    void commandOverTcpWithTheRealPump()
+    {
+        Peer peer;
+        StationLine line(peer.store);
+        QVERIFY(line.open(2));
+        SystemClock clock;
+        QtEventPump pump;
+        RecordingDialogs dialogs;
+        colRegulatory regulatory;
+        regulatory.Add(5, QStringLiteral("R1"), QStringLiteral("R1"));
+        clComm comm(line, clock, pump, dialogs, regulatory);
+        RecordingWizual wizual;
+        Komunikator komunikator(comm, wizual);
+        connect(&peer.server, &QTcpServer::newConnection, this, [&] {
+            QTcpSocket *s = peer.server.nextPendingConnection();
+            connect(s, &QTcpSocket::readyRead, s, [s] {
+                if (s->readAll() == QByteArray("\x02\x05\x90\x04", 4))
+                    s->write("\x02\x02\x7E", 3); // a stuffed 2, then one byte too many
+            });
+        });
+
+        QString word = QStringLiteral("Czytaj_Kond1");
+        QVariant reply;
+        std::uint8_t p = 0;
+        QElapsedTimer wall;
+        wall.start();
+        QVERIFY(komunikator.WykonajRozkaz(1, word, reply, p));
+        QCOMPARE(reply.toInt(), 2);
+        QVERIFY(wall.elapsed() < 1000);
+    }
+
+    void silentWaitTimesOutWithoutSpinning()
+    {
+        Peer peer;
+        StationLine line(peer.store);
+        QVERIFY(line.open(2));
+        SystemClock clock;
+        QtEventPump pump;
+        RecordingDialogs dialogs;
+        colRegulatory regulatory;
+        clComm comm(line, clock, pump, dialogs, regulatory);
+        QElapsedTimer wall;
+        wall.start();
+        const std::int64_t cpuBefore = cpuMs();
+        QVERIFY(!comm.JestWBuforze());
+        const std::int64_t cpu = cpuMs() - cpuBefore;
+        QVERIFY2(wall.elapsed() > 2000 && wall.elapsed() < 4500, qPrintable(QString::number(wall.elapsed())));
+        // a spinning wait would take the whole of it
+        QVERIFY2(cpu < wall.elapsed() / 10, qPrintable(QString::number(cpu)));
+    }
+
+    void idlePassesSleepUntilAnEventComes()
+    {
+        QtEventPump pump;
+        bool fired = false;
+        QTimer::singleShot(20, [&] { fired = true; });
+        QElapsedTimer wall;
+        wall.start();
+        std::int64_t idle = 0;
+        int passes = 0;
+        while (!fired && passes < 1000) {
+            idle += pump.processEvents(QtEventPump::MaxIdleMs);
+            ++passes;
+        }
+        QVERIFY(fired);
+        // it slept rather than spun, and woke with the event, not at the end of its slice
+        QVERIFY2(passes < 10 && idle >= 10, qPrintable(QStringLiteral("%1 passes, %2 ms").arg(passes).arg(idle)));
+        QVERIFY(wall.elapsed() < QtEventPump::MaxIdleMs);
+    }
+};
+
+QTEST_GUILESS_MAIN(LinePortsTest)
+#include "tst_line_ports.moc"
