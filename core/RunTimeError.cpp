@@ -31,3 +31,13 @@ RunTimeError RunTimeError::noCurrentRecord()
 {
     return {NoCurrentRecord, QStringLiteral("Brak bieżącego rekordu: BOF lub EOF ma wartość True albo rekord został usunięty")};
 }
+
+RunTimeError RunTimeError::invalidPortNumber()
+{
+    return {InvalidPortNumber, QStringLiteral("Nieprawidłowy numer portu")};
+}
+
+RunTimeError RunTimeError::portNotOpened(const QString &description)
+{
+    return {PortNotOpened, QStringLiteral("Błąd otwarcia portu szeregowego: ") + description};
+}

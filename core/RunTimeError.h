@@ -19,6 +19,8 @@ public:
         DuplicateKey = 457,
         DatabaseError = 3000,
         NoCurrentRecord = 3021,
+        InvalidPortNumber = 8002,
+        PortNotOpened = 8012,
     };
 
     RunTimeError(int number, const QString &description);
@@ -40,6 +42,9 @@ public:
     static RunTimeError database(const QString &what);
     // A row was to be changed where the search found none.
     static RunTimeError noCurrentRecord();
+    static RunTimeError invalidPortNumber();
+    // The line's port would not open; the system's own description follows the text.
+    static RunTimeError portNotOpened(const QString &description);
 
 private:
     int m_number;

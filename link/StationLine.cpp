@@ -3,17 +3,10 @@
 #include "core/RunTimeError.h"
 #include "link/PortNames.h"
 
-namespace {
-RunTimeError invalidPortNumber()
-{
-    return RunTimeError(8002, QStringLiteral("Nieprawidłowy numer portu"));
-}
-}
-
 bool StationLine::open(std::uint8_t number)
 {
     if (number == 0)
-        throw invalidPortNumber();
+        throw RunTimeError::invalidPortNumber();
     m_active->close();
     m_device = portDevice(m_store, number);
     m_active = isTcpDevice(m_device) ? static_cast<IoDeviceLine *>(&m_tcp) : &m_serial;

@@ -7,6 +7,7 @@
 #include <array>
 #include <cstdint>
 
+class ReplyBuffer;
 class Station;
 
 // The in-memory image of one compensation controller on the line: its
@@ -91,6 +92,27 @@ public:
 
     Station *station() const { return m_station; }
 
+    // reading (the lamps and the data block, scaled and checked)
+    bool WczytajStanRegul(ZDate Czas);
+    bool SprawdzStanDiody(std::uint8_t Nr) const;
+
+    // alarms: raise kind Typ, clear kind Typ
+    void DodajAlarm(ZDate Data, std::int16_t Typ, const QString &Opis);
+    void SprawdzAlarm(std::int16_t Typ);
+
+    // schedule
+    bool OkresowyOdczyt(ZDate Czas);
+    void ObliczNastepnyOdczyt(ZDate Czas);
+
+    // storage of one sample
+    void ZapiszDaneDB();
+
+    // control
+    bool BlokujRegul(bool Zablokuj);
+    bool UstawRegulator();
+    bool UstawKondensator(std::uint8_t Nr, bool Zalacz);
+    static bool KodBlokady(std::uint8_t Kod) { return (Kod & 0x20) != 0; }
+
 protected:
     // reading buffers
     std::uint8_t BajtPotw = 0;
@@ -101,6 +123,13 @@ protected:
     std::int16_t OkresSurowy = 0;
 
 private:
+    // Sends command word `word` through the station's facade.
+    bool command(const char *word, const ReplyBuffer &buffer, std::uint8_t parameter = 0);
+    void decodeBlock();
+    bool readStageBytes(std::uint8_t &K1, std::uint8_t &K2);
+    void checkLimits();
+    Station &ctx() const;
+
     Station *m_station;
     QString m_aktywny = QStringLiteral("False");
 };

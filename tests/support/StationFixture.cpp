@@ -61,6 +61,6 @@ void StationFixture::addLastSample(int adres, float popCzynny, float popBiernSr,
 Station &StationFixture::station()
 {
     if (!m_station)
-        m_station = std::make_unique<Station>(StationServices{clock, settings, dialogs, splash});
+        m_station = std::make_unique<Station>(StationServices{clock, settings, dialogs, splash, line, pump, wizual});
     return *m_station;
 }

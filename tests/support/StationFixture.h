@@ -1,7 +1,9 @@
 #pragma once
 
 #include "FakeClock.h"
+#include "FakeEventPump.h"
 #include "RecordingDialogs.h"
+#include "RecordingWizual.h"
 
 #include "core/SettingsStore.h"
 #include "core/SplashView.h"
@@ -39,6 +41,9 @@ public:
     FakeClock clock;
     RecordingDialogs dialogs;
     RecordingSplash splash;
+    ScriptedLine line{clock};
+    FakeEventPump pump{clock, line};
+    RecordingWizual wizual;
 
 private:
     QString m_file;

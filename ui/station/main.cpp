@@ -1,12 +1,17 @@
 #include "ControllerListWindow.h"
+#include "StationHub.h"
 #include "MessageBoxDialogs.h"
 #include "frmSplash.h"
 
 #include "core/Clock.h"
+#include "core/PollingTimers.h"
 #include "core/RunTimeError.h"
 #include "core/SettingsStore.h"
 #include "core/StartUp.h"
 #include "core/Station.h"
+#include "link/QtEventPump.h"
+#include "link/StationLine.h"
+#include "model/StatusPanels.h"
 
 #include <QApplication>
 #include <QGuiApplication>
@@ -36,7 +41,7 @@ void scheduleScreenshot(const QStringList &args)
     if (i < 0 || i + 1 >= args.size())
         return;
     const QString file = args.at(i + 1);
-    QTimer::singleShot(1500, qApp, [file] {
+    QTimer::singleShot(4000, qApp, [file] {
         QWidget *top = QApplication::activeWindow();
         const QPixmap shot = top ? top->grab() : QGuiApplication::primaryScreen()->grabWindow(0);
         if (!shot.save(file, "PNG"))
@@ -57,20 +62,45 @@ int main(int argc, char *argv[])
     QtSettingsStore settings;
     MessageBoxDialogs dialogs;
     frmSplash splash;
-    Station station(StationServices{clock, settings, dialogs, splash});
+    StationLine line(settings);
+    QtEventPump pump;
+    StationHub hub;
+    Station station(StationServices{clock, settings, dialogs, splash, line, pump, hub});
+    StatusPanels panels;
+    PollingTimers timers(station, panels);
 
     std::unique_ptr<ControllerListWindow> window;
     try {
         station.oApp.WczytajOpcje(settings);
         StartUp(station);
-        window = std::make_unique<ControllerListWindow>(station);
+        station.oApp.Znakdaty = QStringLiteral("#");
+        station.oFunkcje.setZnakdaty(station.oApp.Znakdaty);
+        if (!line.open(station.oApp.nr_portu))
+            throw RunTimeError::portNotOpened(line.errorString());
+        window = std::make_unique<ControllerListWindow>(station, panels);
+        hub.attach(&station, window.get(), &timers);
         dialogs.setParent(window.get());
+        station.oBD.ZapiszDoLoga(QStringLiteral("Start aplikacji"), QStringLiteral("N"), QStringLiteral("L"), QString());
         window->show();
         splash.closeSplash();
     } catch (const RunTimeError &e) {
         splash.closeSplash();
         return endWith(e, dialogs);
     }
+
+    int exitCode = 0;
+    timers.setFatalHandler([&](const RunTimeError &e) {
+        exitCode = endWith(e, dialogs);
+        QApplication::exit(exitCode);
+    });
+    QObject::connect(&app, &QCoreApplication::aboutToQuit, [&] {
+        timers.stop();
+        if (exitCode == 0)
+            station.oBD.ZapiszDoLoga(QStringLiteral("Zatrzymanie aplikacji"), QStringLiteral("N"), QStringLiteral("L"),
+                                     QString());
+        line.close();
+    });
+    timers.start();
     scheduleScreenshot(app.arguments());
     return app.exec();
 }

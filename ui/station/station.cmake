@@ -2,6 +2,7 @@
 add_executable(zorbel
   ${CMAKE_CURRENT_LIST_DIR}/ControllerListWindow.cpp
   ${CMAKE_CURRENT_LIST_DIR}/MessageBoxDialogs.cpp
+  ${CMAKE_CURRENT_LIST_DIR}/StationHub.cpp
   ${CMAKE_CURRENT_LIST_DIR}/frmSplash.cpp
   ${CMAKE_CURRENT_LIST_DIR}/main.cpp
 )

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "core/ZDate.h"
+
+#include <QString>
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+class Station;
+
+// The rows of the alarm window: every alarm raised since the start, and the
+// only memory of which are active. A row's sub-items 1 to 8 are its record:
+// Kod, full text, Id and kind in number form, the caller's detail, activity
+// ("A"/"N"), confirmation ("N"/"T") and the key of its table row.
+class ActiveAlarmList {
+public:
+    struct Row {
+        QString text;                       // the time, "dd/MM/yyyy hh:mm:ss"
+        std::array<QString, 9> subItems{};  // 1..8; [0] unused
+        int icon = 0;                       // 1 no link, 2 a limit, 0 none
+        bool bold = true;
+        bool red = true;
+        bool ghosted = false;
+    };
+
+    explicit ActiveAlarmList(Station &station) : m_station(station) {}
+
+    // Adds a row for an alarm of controller Id unless one of that kind is
+    // already active, stores it and counts it.
+    void NowyAlarm(ZDate Data, std::int16_t Id, std::int16_t Typ, const QString &text);
+    // The operator's confirmation of row `index` (from 1); once per row.
+    void Potwierdz(int index);
+    // Marks row `index` (from 1) no longer active.
+    void DezaktywujAlarm(int index);
+
+    int rowCount() const { return int(m_rows.size()); }
+    const Row &row(int index) const { return m_rows.at(std::size_t(index - 1)); }
+    const QString &subItem(int index, int n) const { return row(index).subItems.at(std::size_t(n)); }
+
+    // How the controllers' tree shows an alarm: true in the alarm colour,
+    // false back to normal. The window sets it.
+    void setNodePainter(std::function<void(const QString &kod, bool alarm)> painter) { m_paint = std::move(painter); }
+    // Called after each change of the rows, for the window to redraw.
+    void setChangeListener(std::function<void()> listener) { m_changed = std::move(listener); }
+
+private:
+    Row &at(int index) { return m_rows.at(std::size_t(index - 1)); }
+    bool hasActive(std::int16_t Id, std::int16_t Typ) const;
+    void paintNode(const QString &kod, bool alarm) const;
+    void changed() const;
+
+    Station &m_station;
+    std::vector<Row> m_rows;
+    std::function<void(const QString &, bool)> m_paint;
+    std::function<void()> m_changed;
+};

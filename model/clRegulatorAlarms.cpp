@@ -1,0 +1,43 @@
+// Alarms of one controller: raised and cleared by each reading, kept in the
+// list of the alarm window.
+#include "model/clRegulator.h"
+
+#include "core/Conversions.h"
+#include "core/NumberForm.h"
+#include "core/Station.h"
+#include "ui/clsWizual.h"
+
+void clRegulator::DodajAlarm(ZDate Data, std::int16_t Typ, const QString &Opis)
+{
+    // counts every call and is never lowered: only a quick test for SprawdzAlarm
+    AktywneAlarmy = conv::add16(AktywneAlarmy, 1);
+    ctx().fmAlarmyN.NowyAlarm(Data, Id, Typ, Opis);
+    ctx().oWizual.eAlarm(Id, Typ, Opis, true);
+}
+
+void clRegulator::SprawdzAlarm(std::int16_t Typ)
+{
+    if (AktywneAlarmy <= 0)
+        return;
+    ActiveAlarmList &list = ctx().fmAlarmyN;
+    const QString id = numberForm(Id);
+    const QString kind = numberForm(Typ);
+    for (int i = 1; i <= list.rowCount(); ++i)
+        if (list.subItem(i, 3) == id && list.subItem(i, 4) == kind && list.subItem(i, 6) == QLatin1String("A"))
+            list.DezaktywujAlarm(i);
+}
+
+void clRegulator::checkLimits()
+{
+    // no hysteresis: each reading raises or clears each kind
+    auto evaluate = [this](std::int16_t kind, bool raised, const QString &detail) {
+        if (raised)
+            DodajAlarm(ctx().now(), kind, detail);
+        else
+            SprawdzAlarm(kind);
+    };
+    evaluate(201, PradBierny > ProgPrad, QStringLiteral("(") + numberForm(PradBierny) + QStringLiteral(" A)"));
+    evaluate(202, Napiecie > ProgNapiecie, QStringLiteral("(") + numberForm(Napiecie) + QStringLiteral(" V)"));
+    evaluate(203, TgFi > ProgTgFiMax || TgFi < ProgTgFiMin,
+             QStringLiteral("(") + QString::number(double(TgFi), 'f', 7) + QStringLiteral(")"));
+}
