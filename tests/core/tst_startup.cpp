@@ -60,7 +60,7 @@ private slots:
         QCOMPARE(t1.Przekladnia, 12.5f);
         QCOMPARE(t1.ProgPrad, 999999999.0f); // no threshold: never crossed
         QCOMPARE(t1.ProgTgFiMax, 0.4f);
-        QVERIFY(!t1.aktywny());              // only "Tak" switches alarms on
+        QVERIFY(!t1.aktywny());              // only "Tak" makes a controller active
         QCOMPARE(t1.awarCzest, std::int16_t(5));
         QCOMPARE(f.station().Regulatory.Item(QStringLiteral("T2")).SkalaNapiecia, 1.25f);
         QVERIFY(f.station().Regulatory.Item(QStringLiteral("T2")).aktywny());

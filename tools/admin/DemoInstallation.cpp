@@ -108,7 +108,7 @@ void DemoInstallation::fill(Database &db, int days, ZDate until, unsigned seed)
         writeControllers(db);
         writeTree(db);
         for (const Controller &c : controllers())
-            if (days > 0) // alarms off or not, a controller is read and archived
+            if (days > 0) // an inactive one has its history from before it was switched off
                 totals.samples += writeHistory(db, c, days, until, seed + unsigned(c.adres));
         db.commit();
     } catch (...) {

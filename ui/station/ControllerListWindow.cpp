@@ -11,7 +11,7 @@
 
 namespace {
 
-enum Column { Kod, Adres, Alarmy, NapPomiar, Przekladnia, Czestosc, Napiecie, PradBierny, PradCalk, TgFi, Okres,
+enum Column { Kod, Adres, Aktywny, NapPomiar, Przekladnia, Czestosc, Napiecie, PradBierny, PradCalk, TgFi, Okres,
               Ostatni, Nastepny, ColumnCount };
 
 QString when(ZDate d)
@@ -32,7 +32,7 @@ ControllerListWindow::ControllerListWindow(Station &station, const StatusPanels 
 {
     setWindowTitle(QStringLiteral("Zorbel"));
     m_list->setColumnCount(ColumnCount);
-    m_list->setHeaderLabels({QStringLiteral("Kod"), QStringLiteral("Adres"), QStringLiteral("Alarmy"),
+    m_list->setHeaderLabels({QStringLiteral("Kod"), QStringLiteral("Adres"), QStringLiteral("Aktywny"),
                              QStringLiteral("Napięcie pomiarowe"), QStringLiteral("Przekładnia"),
                              QStringLiteral("Częstość odczytu"), QStringLiteral("U [V]"), QStringLiteral("Ib [A]"),
                              QStringLiteral("I [A]"), QStringLiteral("tg fi"), QStringLiteral("f [Hz]"),
@@ -64,7 +64,7 @@ void ControllerListWindow::fill()
         item->setData(0, Qt::UserRole, r->Id);
         item->setText(Kod, r->Kod);
         item->setText(Adres, QString::number(r->adres));
-        item->setText(Alarmy, r->aktywny() ? QStringLiteral("włączone") : QStringLiteral("wyłączone"));
+        item->setText(Aktywny, r->aktywny() ? QStringLiteral("tak") : QStringLiteral("nie"));
         item->setText(NapPomiar, QStringLiteral("%1 V").arg(r->NapieciePomiar));
         item->setText(Przekladnia, numberForm(r->Przekladnia).trimmed());
         item->setText(Czestosc, QStringLiteral("%1 min").arg(r->CzestOdczytu));
