@@ -20,6 +20,12 @@ void addSample(Database &db, int adres, ZDate when, float enCzynna)
     db.exec(s);
 }
 
+void createSchema(Database &db)
+{
+    db.open(Database::OpenMode::CreateIfMissing);
+    Schema::create(db);
+}
+
 }
 
 class DatabaseTest : public QObject {
@@ -31,8 +37,7 @@ private slots:
         TestEnv env;
         ZORBEL_FETCH_EMPTY_DATABASE(config);
         Database db(config);
-        db.open(Database::OpenMode::CreateIfMissing);
-        Schema::create(db);
+        createSchema(db);
         QVERIFY(Schema::missingTables(db).isEmpty());
         QVERIFY(db.tableExists(QStringLiteral("pomiary")));
 
@@ -62,8 +67,7 @@ private slots:
         TestEnv env;
         ZORBEL_FETCH_EMPTY_DATABASE(config);
         Database db(config);
-        db.open(Database::OpenMode::CreateIfMissing);
-        Schema::create(db);
+        createSchema(db);
         for (int adres : {3, 17, 170})
             addSample(db, adres, ZDate::fromParts(2026, 1, 1, 0, 0, 0), float(adres));
 
@@ -88,8 +92,7 @@ private slots:
         TestEnv env;
         ZORBEL_FETCH_EMPTY_DATABASE(config);
         Database db(config);
-        db.open(Database::OpenMode::CreateIfMissing);
-        Schema::create(db);
+        createSchema(db);
 
         auto alarm = [&](const QString &text) {
             SqlStatement s(QStringLiteral("INSERT INTO Alarmy (Data, Tresc, Typ, Kod_Regul) VALUES ("));
@@ -128,8 +131,7 @@ private slots:
         TestEnv env;
         ZORBEL_FETCH_EMPTY_DATABASE(config);
         Database db(config);
-        db.open(Database::OpenMode::CreateIfMissing);
-        Schema::create(db);
+        createSchema(db);
         db.exec(SqlStatement(QStringLiteral("INSERT INTO Regulatory (Kod, Adres, Typ) VALUES ('Hala-A', 5, 'regulator')")));
         SqlStatement q(QStringLiteral("SELECT Adres FROM Regulatory WHERE Kod = "));
         q.value(QStringLiteral("HALA-A"));
