@@ -1,5 +1,6 @@
 #include "ControllerListWindow.h"
 #include "StationHub.h"
+#include "fmAlarmyN.h"
 #include "MessageBoxDialogs.h"
 #include "frmSplash.h"
 
@@ -15,8 +16,9 @@
 
 #include <QApplication>
 #include <QGuiApplication>
-#include <QScreen>
+#include <QPainter>
 #include <QTimer>
+#include <algorithm>
 #include <cstdio>
 #include <memory>
 
@@ -33,8 +35,9 @@ int endWith(const RunTimeError &e, Dialogs &dialogs)
     return 1;
 }
 
-// --screenshot FILE: once the station has settled, saves the screen as PNG
-// and quits (for documentation and for looking at a run without a screen).
+// --screenshot FILE: once the station has settled, saves its windows, laid
+// out as on the screen, as PNG and quits (for documentation and for
+// looking at a run without a screen).
 void scheduleScreenshot(const QStringList &args)
 {
     const qsizetype i = args.indexOf(QStringLiteral("--screenshot"));
@@ -42,8 +45,22 @@ void scheduleScreenshot(const QStringList &args)
         return;
     const QString file = args.at(i + 1);
     QTimer::singleShot(4000, qApp, [file] {
-        QWidget *top = QApplication::activeWindow();
-        const QPixmap shot = top ? top->grab() : QGuiApplication::primaryScreen()->grabWindow(0);
+        QList<QWidget *> shown;
+        QRect area;
+        for (QWidget *w : QApplication::topLevelWidgets())
+            if (w->isVisible()) {
+                shown << w;
+                area |= w->frameGeometry();
+            }
+        // the main window below, the windows it owns above it
+        std::stable_sort(shown.begin(), shown.end(),
+                         [](QWidget *a, QWidget *b) { return !a->parentWidget() && b->parentWidget(); });
+        QPixmap shot(area.size().expandedTo(QSize(1, 1)));
+        shot.fill(Qt::darkGray);
+        QPainter p(&shot);
+        for (QWidget *w : shown)
+            p.drawPixmap(w->geometry().topLeft() - area.topLeft(), w->grab());
+        p.end();
         if (!shot.save(file, "PNG"))
             std::fprintf(stderr, "zorbel: cannot write %s\n", qPrintable(file));
         QApplication::quit();
@@ -70,6 +87,7 @@ int main(int argc, char *argv[])
     PollingTimers timers(station, panels);
 
     std::unique_ptr<ControllerListWindow> window;
+    fmAlarmyN *alarmWindow = nullptr; // owned by the main window
     try {
         station.oApp.WczytajOpcje(settings);
         StartUp(station);
@@ -79,6 +97,14 @@ int main(int argc, char *argv[])
             throw RunTimeError::portNotOpened(line.errorString());
         window = std::make_unique<ControllerListWindow>(station, panels);
         hub.attach(&station, window.get(), &timers);
+        // the alarm window comes into being with the first alarm of the run
+        station.fmAlarmyN.setChangeListener([&] {
+            if (!alarmWindow) {
+                alarmWindow = new fmAlarmyN(station.fmAlarmyN, dialogs, window.get());
+                alarmWindow->show();
+            }
+            alarmWindow->refresh();
+        });
         dialogs.setParent(window.get());
         station.oBD.ZapiszDoLoga(QStringLiteral("Start aplikacji"), QStringLiteral("N"), QStringLiteral("L"), QString());
         window->show();

@@ -6,4 +6,4 @@ add_executable(zorbel
   ${CMAKE_CURRENT_LIST_DIR}/frmSplash.cpp
   ${CMAKE_CURRENT_LIST_DIR}/main.cpp
 )
-target_link_libraries(zorbel PRIVATE zorbel_logic Qt6::Widgets)
+target_link_libraries(zorbel PRIVATE zorbel_ui)
