@@ -1,4 +1,4 @@
-#include "QuitOnSignal.h"
+#include "core/QuitOnSignal.h"
 #include "SimOptions.h"
 #include "SimServer.h"
 
@@ -18,7 +18,7 @@ int main(int argc, char *argv[])
         fprintf(stderr, "zorbel-sim: %s\nTry zorbel-sim --help.\n", qPrintable(command.error));
         return 2;
     }
-    sim::QuitOnSignal quitOnSignal;
+    QuitOnSignal quitOnSignal;
     sim::SimServer server(command.options);
     if (const QString error = server.start(); !error.isEmpty()) {
         fprintf(stderr, "zorbel-sim: %s\n", qPrintable(error));

@@ -6,6 +6,7 @@
 
 #include "core/Clock.h"
 #include "core/PollingTimers.h"
+#include "core/QuitOnSignal.h"
 #include "core/RunTimeError.h"
 #include "core/SettingsStore.h"
 #include "core/StartUp.h"
@@ -126,6 +127,7 @@ int main(int argc, char *argv[])
                                      QString());
         line.close();
     });
+    QuitOnSignal quitOnSignal; // a signal closes the station as its window does, without asking
     timers.start();
     scheduleScreenshot(app.arguments());
     return app.exec();

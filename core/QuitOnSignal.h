@@ -4,13 +4,10 @@
 #include <QSocketNotifier>
 #include <memory>
 
-namespace sim {
-
-// Ends the event loop on SIGINT, SIGTERM or SIGHUP, so that destructors run
-// and the pty symlink goes away. The handler only writes a byte into a
-// socket pair; the loop does the rest.
+// Ends the event loop on SIGINT, SIGTERM or SIGHUP (a logout, a service
+// manager, Ctrl+C), so that the program closes as on a normal exit. The
+// handler only writes a byte into a socket pair; the loop does the rest.
 class QuitOnSignal final : public QObject {
-    Q_OBJECT
 public:
     explicit QuitOnSignal(QObject *parent = nullptr);
     ~QuitOnSignal() override;
@@ -22,4 +19,3 @@ private:
     std::unique_ptr<QSocketNotifier> m_notifier;
 };
 
-} // namespace sim

@@ -1,11 +1,9 @@
-#include "QuitOnSignal.h"
+#include "core/QuitOnSignal.h"
 
 #include <QCoreApplication>
 #include <csignal>
 #include <sys/socket.h>
 #include <unistd.h>
-
-namespace sim {
 
 int QuitOnSignal::s_writeEnd = -1;
 
@@ -45,4 +43,3 @@ void QuitOnSignal::handle(int)
         [[maybe_unused]] auto n = ::write(s_writeEnd, &byte, 1);
 }
 
-} // namespace sim
