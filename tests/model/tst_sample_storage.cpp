@@ -182,6 +182,44 @@ private slots:
         QVERIFY(!b.next());
     }
 
+    void periodicReadingStoresWhatWasRead()
+    {
+        Rig rig;
+        clRegulator &r = rig.reg();
+        ScriptedLine &line = rig.f.line;
+        const ZDate t1 = ZDate::fromParts(2024, 1, 15, 8, 0, 0);
+        rig.f.clock.set(t1);
+        answerReading(line, 5, normalBlock());
+        line.answer(frame(5, 0x2F, 0x05), byte(0), 1); // the first reading asks the block state
+        r.OkresowyOdczyt(t1);
+        QCOMPARE(rig.count(QStringLiteral("Pomiary")), 1);
+        const float firstCapacitive = r.PradBiernPojSr;
+        const float firstReactive = r.PradBiernSr;
+        const float firstActive = r.PradCzynny;
+
+        // a failed reading stores nothing
+        const ZDate t2 = r.NastepnyOdczyt;
+        rig.f.clock.set(t2);
+        r.OkresowyOdczyt(t2);
+        QCOMPARE(rig.count(QStringLiteral("Pomiary")), 1);
+
+        const ZDate t3 = r.NastepnyOdczyt;
+        rig.f.clock.set(t3);
+        answerReading(line, 5, normalBlock().apparent(9300000).reactive(3100000).capacitive(-1500).voltage(390));
+        r.OkresowyOdczyt(t3);
+
+        const QList<QVariantList> rows = samples(rig);
+        QCOMPARE(rows.size(), 2);
+        QCOMPARE(rows[0].mid(0, 4), (QVariantList{qlonglong(5), 0.0f, firstCapacitive, 0.0f}));
+        QCOMPARE(rows[0].mid(4), (QVariantList{380.0f, 50.0f, 100.0f, 50.0f, text(t1)}));
+        QCOMPARE(rows[1].value(1).toFloat(), r.PradCzynny - firstActive);
+        QCOMPARE(rows[1].value(2).toFloat(), r.PradBiernPojSr - firstCapacitive);
+        QCOMPARE(rows[1].value(3).toFloat(), r.PradBiernSr - firstReactive);
+        QCOMPARE(rows[1].value(4).toFloat(), 390.0f);
+        QCOMPARE(rows[1].value(8).toString(), text(t3));
+        QCOMPARE(bases(rig), QList<QVariantList>{base(r.PradCzynny, r.PradBiernSr, r.PradBiernPojSr, 1000, t3)});
+    }
+
     void refusedSampleWriteKeepsBothTablesAndTellsTheOperator()
     {
         Rig rig;
