@@ -2,6 +2,7 @@
 
 #include "core/Conversions.h"
 #include "core/NumberForm.h"
+#include "core/RunTimeError.h"
 #include "core/Station.h"
 #include "ui/clsWizual.h"
 
@@ -31,6 +32,13 @@ bool numericallyEqual(const QString &subItem, int value)
     return subItem.trimmed().toDouble(&ok) == value && ok;
 }
 
+}
+
+const ActiveAlarmList::Row &ActiveAlarmList::row(int index) const
+{
+    if (index < 1 || index > rowCount())
+        throw RunTimeError::subscriptOutOfRange();
+    return m_rows[std::size_t(index - 1)];
 }
 
 bool ActiveAlarmList::hasActive(std::int16_t Id, std::int16_t Typ) const

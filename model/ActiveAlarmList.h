@@ -36,7 +36,8 @@ public:
     void DezaktywujAlarm(int index);
 
     int rowCount() const { return int(m_rows.size()); }
-    const Row &row(int index) const { return m_rows.at(std::size_t(index - 1)); }
+    // A row index out of the list is the run-time's subscript error.
+    const Row &row(int index) const;
     const QString &subItem(int index, int n) const { return row(index).subItems.at(std::size_t(n)); }
 
     // How the controllers' tree shows an alarm: true in the alarm colour,
@@ -46,7 +47,7 @@ public:
     void setChangeListener(std::function<void()> listener) { m_changed = std::move(listener); }
 
 private:
-    Row &at(int index) { return m_rows.at(std::size_t(index - 1)); }
+    Row &at(int index) { return const_cast<Row &>(row(index)); }
     bool hasActive(std::int16_t Id, std::int16_t Typ) const;
     void paintNode(const QString &kod, bool alarm) const;
     void changed() const;
