@@ -7,6 +7,17 @@
 #include "core/Station.h"
 #include "ui/clsWizual.h"
 
+namespace {
+
+// Seven decimals of the value the single holds: 9.999 reads "9.9990000",
+// not the digits of its binary neighbour.
+QString tgFiText(float v)
+{
+    return QString::number(QString::number(double(v), 'g', 7).toDouble(), 'f', 7);
+}
+
+}
+
 void clRegulator::DodajAlarm(ZDate Data, std::int16_t Typ, const QString &Opis)
 {
     // counts every call and is never lowered: only a quick test for SprawdzAlarm
@@ -39,5 +50,5 @@ void clRegulator::checkLimits()
     evaluate(201, PradBierny > ProgPrad, QStringLiteral("(") + numberForm(PradBierny) + QStringLiteral(" A)"));
     evaluate(202, Napiecie > ProgNapiecie, QStringLiteral("(") + numberForm(Napiecie) + QStringLiteral(" V)"));
     evaluate(203, TgFi > ProgTgFiMax || TgFi < ProgTgFiMin,
-             QStringLiteral("(") + QString::number(double(TgFi), 'f', 7) + QStringLiteral(")"));
+             QStringLiteral("(") + tgFiText(TgFi) + QStringLiteral(")"));
 }

@@ -112,6 +112,7 @@ private slots:
         QVERIFY(read(rig, normalBlock().apparent(0).reactive(0)));
         QCOMPARE(list.rowCount(), 4);
         QCOMPARE(list.subItem(4, 4), QStringLiteral(" 203"));
+        QCOMPARE(list.subItem(4, 5), QStringLiteral("(9.9990000)")); // the single's value, not its binary tail
     }
 
     void limitKindsOfOneReadingComeInOrderAndFallTogether()

@@ -5,16 +5,38 @@
 #include "link/EventPump.h"
 #include "link/ScriptedLine.h"
 
+#include <concepts>
 #include <functional>
 #include <map>
+#include <optional>
 
 // A pump on a fake clock. An idle pass moves the clock to the next byte of
 // the line or the next interface event, at most by the idle time allowed;
 // then it runs the interface events that are due. A handler may move the
 // clock itself: that is time the interface took.
+//
+// The line is any in-memory line that tells when its next byte arrives
+// (ScriptedLine, SimulatedLine): its arrivals.
 class FakeEventPump final : public EventPump {
 public:
-    FakeEventPump(FakeClock &clock, const ScriptedLine &line) : m_clock(clock), m_line(line) {}
+    using Arrivals = std::function<std::optional<ZDate>()>;
+
+    FakeEventPump(FakeClock &clock, Arrivals arrivals) : m_clock(clock), m_arrivals(std::move(arrivals)) {}
+    template <typename Line>
+        requires requires(const Line &l) {
+            { l.nextArrival() } -> std::convertible_to<std::optional<ZDate>>;
+        }
+    FakeEventPump(FakeClock &clock, const Line &line) : FakeEventPump(clock, arrivalsOf(line))
+    {
+    }
+
+    // Follows another line from now on.
+    void setArrivals(Arrivals arrivals) { m_arrivals = std::move(arrivals); }
+    template <typename Line>
+    static Arrivals arrivalsOf(const Line &line)
+    {
+        return [&line] { return line.nextArrival(); };
+    }
 
     // An interface event at the given moment.
     void at(ZDate when, std::function<void()> handler) { m_events.emplace(when, std::move(handler)); }
@@ -37,7 +59,7 @@ private:
     std::int64_t idleUntilNext(std::int64_t maxIdleMs) const
     {
         ZDate until = m_clock.now().addMsecs(maxIdleMs);
-        if (const auto byte = m_line.nextArrival())
+        if (const auto byte = m_arrivals ? m_arrivals() : std::nullopt)
             until = std::min(until, *byte);
         if (!m_events.empty())
             until = std::min(until, m_events.begin()->first);
@@ -54,6 +76,6 @@ private:
     }
 
     FakeClock &m_clock;
-    const ScriptedLine &m_line;
+    Arrivals m_arrivals;
     std::multimap<ZDate, std::function<void()>> m_events;
 };

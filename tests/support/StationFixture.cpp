@@ -58,9 +58,16 @@ void StationFixture::addLastSample(int adres, float popCzynny, float popBiernSr,
     m_db->exec(s);
 }
 
+void StationFixture::attachLine(LinePort &port, FakeEventPump::Arrivals arrivals)
+{
+    Q_ASSERT(!m_station);
+    m_port = &port;
+    pump.setArrivals(std::move(arrivals));
+}
+
 Station &StationFixture::station()
 {
     if (!m_station)
-        m_station = std::make_unique<Station>(StationServices{clock, settings, dialogs, splash, line, pump, wizual});
+        m_station = std::make_unique<Station>(StationServices{clock, settings, dialogs, splash, *m_port, pump, wizual});
     return *m_station;
 }

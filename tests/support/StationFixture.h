@@ -35,6 +35,11 @@ public:
     void addController(const QString &kod, int adres, const QVariantMap &overrides = {});
     void addLastSample(int adres, float popCzynny, float popBiernSr, float popBiernPojSr, int timerU, ZDate czas);
 
+    // Puts another line in place of the scripted one, with what the pump
+    // needs to know of its arrivals; before station() is first called.
+    void attachLine(LinePort &port, FakeEventPump::Arrivals arrivals);
+    LinePort &port() { return *m_port; }
+
     Station &station();
 
     MemorySettingsStore settings;
@@ -47,6 +52,7 @@ public:
 
 private:
     QString m_file;
+    LinePort *m_port = &line;
     std::unique_ptr<Database> m_db;
     std::unique_ptr<Station> m_station;
 };
