@@ -1,3 +1,4 @@
+#include "ErrorOf.h"
 #include "core/RunTimeError.h"
 #include "core/clsFunkcje.h"
 
@@ -21,12 +22,7 @@ private slots:
     {
         QCOMPARE(clsFunkcje::TworzLongU(0x7F, 0xFF, 0xFF, 0xFF), std::int32_t(2147483647));
         QCOMPARE(clsFunkcje::TworzLongU(0x00, 0x00, 0x01, 0x00), std::int32_t(256));
-        try {
-            clsFunkcje::TworzLongU(0x80, 0x00, 0x00, 0x00);
-            QFAIL("2147483648 fitted into a signed counter");
-        } catch (const RunTimeError &e) {
-            QCOMPARE(e.number(), int(RunTimeError::Overflow));
-        }
+        QCOMPARE(errorOf([&] { clsFunkcje::TworzLongU(0x80, 0x00, 0x00, 0x00); }), int(RunTimeError::Overflow));
     }
 
     void dateLiteralUsesTheDelimiter()

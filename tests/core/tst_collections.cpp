@@ -1,21 +1,10 @@
+#include "ErrorOf.h"
 #include "core/RunTimeError.h"
 #include "model/colMierniki.h"
 #include "model/colRegulatory.h"
 
 #include <QTest>
 #include <functional>
-
-namespace {
-int errorOf(const std::function<void()> &f)
-{
-    try {
-        f();
-    } catch (const RunTimeError &e) {
-        return e.number();
-    }
-    return 0;
-}
-}
 
 class CollectionsTest : public QObject {
     Q_OBJECT

@@ -1,3 +1,4 @@
+#include "ErrorOf.h"
 #include "TestEnv.h"
 
 #include "core/RunTimeError.h"
@@ -61,12 +62,7 @@ private slots:
         store.setValue(section, section == QLatin1String("port") ? QStringLiteral("nr_portu") : QStringLiteral("wartosc"),
                        value);
         clsoApp app;
-        try {
-            app.WczytajOpcje(store);
-            QFAIL("no error raised");
-        } catch (const RunTimeError &e) {
-            QCOMPARE(e.number(), error);
-        }
+        QCOMPARE(errorOf([&] { app.WczytajOpcje(store); }), error);
     }
 
     void parameterSlotKeepsValuesAndObjects()

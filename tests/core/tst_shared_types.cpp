@@ -1,3 +1,4 @@
+#include "ErrorOf.h"
 #include "core/Conversions.h"
 #include "core/NumberForm.h"
 #include "core/RunTimeError.h"
@@ -7,19 +8,6 @@
 #include <QTest>
 #include <functional>
 #include <limits>
-
-namespace {
-// The number of the run-time error a call raises, 0 when it raises none.
-int errorOf(const std::function<void()> &f)
-{
-    try {
-        f();
-    } catch (const RunTimeError &e) {
-        return e.number();
-    }
-    return 0;
-}
-}
 
 class SharedTypesTest : public QObject {
     Q_OBJECT

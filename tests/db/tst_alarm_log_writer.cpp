@@ -1,3 +1,4 @@
+#include "ErrorOf.h"
 #include "TestDatabases.h"
 #include "TestEnv.h"
 
@@ -79,12 +80,7 @@ private slots:
                                                         QStringLiteral("2026-11-23 09:00:00")}));
 
         // an unknown key writes nowhere
-        try {
-            w.bd.ModyfikujAlarm(b + 7, Confirmed.toVariant(), Ended.toVariant(), QStringLiteral("Nowak"));
-            QFAIL("an unknown alarm was modified");
-        } catch (const RunTimeError &e) {
-            QCOMPARE(e.number(), int(RunTimeError::NoCurrentRecord));
-        }
+        QCOMPARE(errorOf([&] { w.bd.ModyfikujAlarm(b + 7, Confirmed.toVariant(), Ended.toVariant(), QStringLiteral("Nowak")); }), int(RunTimeError::NoCurrentRecord));
         QSqlQuery touched = w.db.exec(SqlStatement(QStringLiteral("SELECT COUNT(*) FROM Alarmy WHERE Operator IS NOT NULL")));
         QVERIFY(touched.next());
         QCOMPARE(touched.value(0).toInt(), 0);

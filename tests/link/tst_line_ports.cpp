@@ -1,3 +1,4 @@
+#include "ErrorOf.h"
 #include "core/Clock.h"
 #include "core/RunTimeError.h"
 #include "core/SettingsStore.h"
@@ -101,12 +102,7 @@ private slots:
     {
         MemorySettingsStore store;
         StationLine line(store);
-        try {
-            line.open(0);
-            QFAIL("port 0 opened");
-        } catch (const RunTimeError &e) {
-            QCOMPARE(e.number(), 8002);
-        }
+        QCOMPARE(errorOf([&] { line.open(0); }), 8002);
     }
 
     void missingSerialDeviceFailsWithTheSystemsDescription()

@@ -1,3 +1,4 @@
+#include "ErrorOf.h"
 #include "LinkRig.h"
 
 #include "core/RunTimeError.h"
@@ -116,12 +117,7 @@ private slots:
         QFETCH(QString, word);
         LinkRig rig;
         QVariant reply;
-        try {
-            rig.run(1, word, reply, 0x90);
-            QFAIL("no overflow");
-        } catch (const RunTimeError &e) {
-            QCOMPARE(e.number(), int(RunTimeError::Overflow));
-        }
+        QCOMPARE(errorOf([&] { rig.run(1, word, reply, 0x90); }), int(RunTimeError::Overflow));
         QVERIFY(rig.line.sent.isEmpty());
         QVERIFY(rig.comm.Zajety);
         QCOMPARE(rig.wizual.argsOf("eKomunikacja"), QList<QVariantList>{{std::int16_t(1)}});
@@ -301,20 +297,10 @@ private slots:
         LinkRig rig;
         rig.line.answer(bytes({2, 5, 0x90, 4}), bytes({1}));
         QVariant single;
-        try {
-            rig.run(1, "Czytaj_Diody", single);
-            QFAIL("a single value took the lamps");
-        } catch (const RunTimeError &e) {
-            QCOMPARE(e.number(), int(RunTimeError::TypeMismatch));
-        }
+        QCOMPARE(errorOf([&] { rig.run(1, "Czytaj_Diody", single); }), int(RunTimeError::TypeMismatch));
         rig.line.arriveAt(rig.clock.now(), QByteArray(32, char(9)));
         std::array<std::uint8_t, 16> shortBlock{};
-        try {
-            rig.run(1, "czytaj32", shortBlock);
-            QFAIL("32 bytes went into 16");
-        } catch (const RunTimeError &e) {
-            QCOMPARE(e.number(), int(RunTimeError::SubscriptOutOfRange));
-        }
+        QCOMPARE(errorOf([&] { rig.run(1, "czytaj32", shortBlock); }), int(RunTimeError::SubscriptOutOfRange));
         QCOMPARE(shortBlock[15], std::uint8_t(9));
     }
 

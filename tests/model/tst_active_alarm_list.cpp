@@ -1,3 +1,4 @@
+#include "ErrorOf.h"
 #include "ModelRig.h"
 
 #include "core/NumberForm.h"
@@ -162,12 +163,7 @@ private slots:
         QCOMPARE(rig.stored(list.subItem(2, 8)).mid(5), (QVariantList{rig.nowText(), ended}));
 
         // no row selected
-        try {
-            list.Potwierdz(0);
-            QFAIL("a confirmation without a row went through");
-        } catch (const RunTimeError &e) {
-            QCOMPARE(e.number(), int(RunTimeError::SubscriptOutOfRange));
-        }
+        QCOMPARE(errorOf([&] { list.Potwierdz(0); }), int(RunTimeError::SubscriptOutOfRange));
     }
 
     void deactivationKeepsBoldSignalsOnlyAtZeroAndResetsTheNode()
@@ -208,12 +204,7 @@ private slots:
     {
         ListRig rig;
         rig.s().connection().execText(QStringLiteral("ALTER TABLE Alarmy RENAME TO AlarmyStare"));
-        try {
-            rig.alarms().NowyAlarm(Raised, 1, 201, QStringLiteral("( 301 A)"));
-            QFAIL("the alarm was stored without its table");
-        } catch (const RunTimeError &e) {
-            QCOMPARE(e.number(), int(RunTimeError::DatabaseError));
-        }
+        QCOMPARE(errorOf([&] { rig.alarms().NowyAlarm(Raised, 1, 201, QStringLiteral("( 301 A)")); }), int(RunTimeError::DatabaseError));
         QCOMPARE(rig.alarms().rowCount(), 1);
         QCOMPARE(rig.alarms().subItem(1, 8), QString());
         QCOMPARE(rig.active(), std::int16_t(0));

@@ -1,3 +1,4 @@
+#include "ErrorOf.h"
 #include "SimStationRig.h"
 
 #include "core/RunTimeError.h"
@@ -97,12 +98,7 @@ private slots:
 
     void aZeroPeriodIsARunTimeError()
     {
-        try {
-            next(ZDate(), at(8, 0, 1), 0);
-            QFAIL("no error");
-        } catch (const RunTimeError &e) {
-            QCOMPARE(e.number(), int(RunTimeError::DivisionByZero));
-        }
+        QCOMPARE(errorOf([&] { next(ZDate(), at(8, 0, 1), 0); }), int(RunTimeError::DivisionByZero));
     }
 
     // --- OkresowyOdczyt on a station with simulated controllers ---
@@ -201,12 +197,7 @@ private slots:
         a.OkresowyOdczyt(rig.now()); // a failure never divides
         rig.line.bus().setFaults({});
         rig.station.clock.set(a.NastepnyOdczyt);
-        try {
-            a.OkresowyOdczyt(rig.now());
-            QFAIL("no error");
-        } catch (const RunTimeError &e) {
-            QCOMPARE(e.number(), int(RunTimeError::DivisionByZero));
-        }
+        QCOMPARE(errorOf([&] { a.OkresowyOdczyt(rig.now()); }), int(RunTimeError::DivisionByZero));
         QCOMPARE(rig.station.count(QStringLiteral("Pomiary")), 0);
     }
 };
