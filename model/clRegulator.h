@@ -92,6 +92,9 @@ public:
 
     Station *station() const { return m_station; }
 
+    // tg fi where there is no active energy to divide by
+    static constexpr float NoActiveEnergy = 9.999f;
+
     // reading (the lamps and the data block, scaled and checked)
     bool WczytajStanRegul(ZDate Czas);
     bool SprawdzStanDiody(std::uint8_t Nr) const;

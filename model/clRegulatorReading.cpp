@@ -12,7 +12,6 @@
 
 namespace {
 
-constexpr float NoActiveEnergy = 9.999f;
 
 }
 

@@ -9,7 +9,6 @@
 
 namespace {
 
-constexpr float NoActiveEnergy = 9.999f;
 
 // A counter of 0 at the last sample is an unknown base: the period stores 0.
 QVariant difference(float now, float before)
