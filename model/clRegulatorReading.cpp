@@ -10,11 +10,6 @@
 
 #include <cmath>
 
-namespace {
-
-
-}
-
 Station &clRegulator::ctx() const
 {
     return *m_station;
