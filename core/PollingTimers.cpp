@@ -51,10 +51,16 @@ void PollingTimers::Timer1Tick()
     // off for the whole tick, however long the line keeps it: ticks never nest,
     // and the period runs from the end of one to the start of the next
     Timer1.stop();
+    m_inTick = true;
+    struct TickEnd {
+        bool &flag;
+        ~TickEnd() { flag = false; }
+    } tickEnd{m_inTick};
     CzasTicka = m_station.now();
+    // a second reading of the clock; the panel stands still during a long tick
     const QString clock = m_station.now().toString(QStringLiteral("HH:mm:ss"));
-    if (m_panels.clockText != clock)
-        m_panels.clockText = clock;
+    if (m_panels.text(6) != clock)
+        m_panels.setText(6, clock);
 
     for (const auto &r : m_station.Regulatory)
         if (r->aktywny())
@@ -72,8 +78,10 @@ void PollingTimers::Timer1Tick()
 
 void PollingTimers::Timer2Tick()
 {
-    if (m_station.oApp.IloscAktywnychAlarmow > 0)
-        m_panels.alarmPicture = !m_panels.alarmPicture;
+    if (m_station.oApp.IloscAktywnychAlarmow <= 0)
+        return;
+    const bool shown = m_panels.picture(3) != StatusPanels::Picture::None;
+    m_panels.setPicture(3, shown ? StatusPanels::Picture::None : StatusPanels::Picture::AlarmFlash);
 }
 
 void PollingTimers::Timer3Tick()

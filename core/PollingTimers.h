@@ -8,7 +8,7 @@
 
 class RunTimeError;
 class Station;
-struct StatusPanels;
+class StatusPanels;
 
 // The station's only periodic activity, on the one thread: Timer1 reads the
 // controllers that are due, carries out one queued operator request and
@@ -29,6 +29,9 @@ public:
     void Timer2Tick();
     void Timer3Tick();
 
+    // A polling round is under way (the interface may run inside its waits).
+    bool inTick() const { return m_inTick; }
+
     // A run-time error that escapes a tick ends the process through this.
     void setFatalHandler(std::function<void(const RunTimeError &)> handler) { m_fatal = std::move(handler); }
 
@@ -43,4 +46,5 @@ private:
     Station &m_station;
     StatusPanels &m_panels;
     std::function<void(const RunTimeError &)> m_fatal;
+    bool m_inTick = false;
 };

@@ -7,7 +7,8 @@
 
 int QuitOnSignal::s_writeEnd = -1;
 
-QuitOnSignal::QuitOnSignal(QObject *parent) : QObject(parent)
+QuitOnSignal::QuitOnSignal(std::function<void()> onSignal, QObject *parent)
+    : QObject(parent), m_onSignal(std::move(onSignal))
 {
     int ends[2];
     if (::socketpair(AF_UNIX, SOCK_STREAM, 0, ends) != 0)
@@ -17,7 +18,11 @@ QuitOnSignal::QuitOnSignal(QObject *parent) : QObject(parent)
     m_notifier = std::make_unique<QSocketNotifier>(m_readEnd, QSocketNotifier::Read);
     connect(m_notifier.get(), &QSocketNotifier::activated, this, [this] {
         char byte;
-        if (::read(m_readEnd, &byte, 1) > 0)
+        if (::read(m_readEnd, &byte, 1) <= 0)
+            return;
+        if (m_onSignal)
+            m_onSignal();
+        else
             QCoreApplication::quit();
     });
     for (int s : {SIGINT, SIGTERM, SIGHUP})

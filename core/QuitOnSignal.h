@@ -2,14 +2,16 @@
 
 #include <QObject>
 #include <QSocketNotifier>
+#include <functional>
 #include <memory>
 
-// Ends the event loop on SIGINT, SIGTERM or SIGHUP (a logout, a service
-// manager, Ctrl+C), so that the program closes as on a normal exit. The
-// handler only writes a byte into a socket pair; the loop does the rest.
+// Closes the program on SIGINT, SIGTERM or SIGHUP (a logout, a service
+// manager, Ctrl+C) as on a normal exit: by default the event loop ends;
+// a program with its own orderly end passes it. The handler only writes a
+// byte into a socket pair; the loop does the rest.
 class QuitOnSignal final : public QObject {
 public:
-    explicit QuitOnSignal(QObject *parent = nullptr);
+    explicit QuitOnSignal(std::function<void()> onSignal = {}, QObject *parent = nullptr);
     ~QuitOnSignal() override;
 
 private:
@@ -17,5 +19,6 @@ private:
     static int s_writeEnd;
     int m_readEnd = -1;
     std::unique_ptr<QSocketNotifier> m_notifier;
+    std::function<void()> m_onSignal;
 };
 

@@ -17,7 +17,9 @@ void StartUp(Station &station)
     station.rsPomiary = std::make_unique<RowSet>(*station.db);
     station.rsRegulatory = std::make_unique<RowSet>(*station.db);
     station.rsOstPomiar = std::make_unique<RowSet>(*station.db);
-    station.rsRegulatory->open(SqlStatement(QStringLiteral("Select * from Regulatory order by kod")));
+    // a controller is deleted through this set; a row is told by its code and address
+    station.rsRegulatory->open(SqlStatement(QStringLiteral("Select * from Regulatory order by kod")),
+                               QStringLiteral("Regulatory"), {QStringLiteral("Kod"), QStringLiteral("Adres")});
     station.rsPomiary->openTable(QStringLiteral("Pomiary"));
     station.rsOstPomiar->openTable(QStringLiteral("OstPomiar"));
 

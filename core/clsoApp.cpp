@@ -1,7 +1,9 @@
 #include "core/clsoApp.h"
 
 #include "core/Conversions.h"
+#include "core/LoginPrompt.h"
 #include "core/SettingsStore.h"
+#include "ui/clsWizual.h"
 
 #include <QObject>
 
@@ -21,4 +23,34 @@ QVariant clsoApp::WczytajOpcje(const SettingsStore &store)
     AdmHaslo = store.value(QStringLiteral("adm_haslo"), QStringLiteral("wartosc"), QStringLiteral("lebroz"));
     Dzwieki = conv::toInt16(QVariant(store.value(QStringLiteral("dzwieki"), QStringLiteral("wartosc"), QStringLiteral("0"))));
     return {};
+}
+
+namespace {
+
+// The slot as the login leaves it: nothing yet (empty) counts as false too.
+bool comparesEqualToFalse(const QVariant &v)
+{
+    return !v.isValid() || v.isNull() || (v.canConvert<bool>() && !v.toBool());
+}
+
+}
+
+bool clsoApp::UstawTrybSterowania(bool &tryb, LoginPrompt &login, clsWizual &wizual)
+{
+    if (tryb) {
+        // the slot is not cleared first: a login window closed by its own
+        // close box leaves the last login's answer standing, and that counts
+        login.showLogin();
+        if (comparesEqualToFalse(m_parametrGlob))
+            tryb = false;
+    }
+    TrybSterowania = tryb;
+    wizual.eZmianaTrybuSterowania(tryb);
+    return tryb;
+}
+
+bool clsoApp::PrzelaczTrybSterowania(LoginPrompt &login, clsWizual &wizual)
+{
+    bool tryb = !TrybSterowania;
+    return UstawTrybSterowania(tryb, login, wizual);
 }

@@ -4,8 +4,10 @@
 #include <QVariant>
 #include <cstdint>
 
+class LoginPrompt;
 class QObject;
 class SettingsStore;
+class clsWizual;
 
 // The state of one running station: selection, control mode, alarm counters,
 // which child windows exist, and the three options of the settings store.
@@ -40,6 +42,14 @@ public:
     // Reads port, password and sound option from the store, in that order.
     // A stored value that does not convert raises the run-time error.
     QVariant WczytajOpcje(const SettingsStore &store);
+
+    // The one way into control mode and out of it. Asking for it (true)
+    // shows the login window and clears `tryb` unless the login answered
+    // true; leaving needs no password. The outcome is stored, told to the
+    // hub in every case, and returned.
+    bool UstawTrybSterowania(bool &tryb, LoginPrompt &login, clsWizual &wizual);
+    // Asks for the mode opposite to the present one.
+    bool PrzelaczTrybSterowania(LoginPrompt &login, clsWizual &wizual);
 
 private:
     QVariant m_parametrGlob;

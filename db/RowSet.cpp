@@ -5,10 +5,12 @@
 
 #include <QSqlQuery>
 
-void RowSet::open(const SqlStatement &query)
+void RowSet::open(const SqlStatement &query, const QString &table, const QStringList &keyColumns)
 {
     QVariantList binds;
     m_query = query;
+    m_table = table;
+    m_keyColumns = keyColumns;
     m_source = query.render(m_db.dialect(), &binds);
     m_open = true;
     m_loaded = false;
@@ -21,6 +23,8 @@ void RowSet::openTable(const QString &table)
         throw RunTimeError::database(QStringLiteral("Brak tabeli %1 w bazie danych %2").arg(table, m_db.config().describe()));
     m_query = SqlStatement(QStringLiteral("SELECT * FROM ") + table);
     m_source = table;
+    m_table = table;
+    m_keyColumns.clear();
     m_open = true;
     m_loaded = false;
     m_rows.clear();
@@ -134,4 +138,20 @@ int RowSet::rowCount()
 {
     ensureLoaded();
     return int(m_rows.size());
+}
+
+void RowSet::Delete()
+{
+    if (!m_loaded || m_pos < 0 || m_pos >= int(m_rows.size()))
+        throw RunTimeError::noCurrentRecord();
+    if (m_table.isEmpty() || m_keyColumns.isEmpty())
+        throw RunTimeError::database(QStringLiteral("Zbiór wierszy %1 nie pozwala usuwać").arg(m_source));
+    const QSqlRecord &row = m_rows[std::size_t(m_pos)];
+    SqlStatement del(QStringLiteral("DELETE FROM ") + m_table + QStringLiteral(" WHERE "));
+    for (qsizetype i = 0; i < m_keyColumns.size(); ++i) {
+        del << (i ? QStringLiteral(" AND ") : QString()) << m_keyColumns[i] << QStringLiteral(" = ");
+        del.value(row.value(m_keyColumns[i]));
+    }
+    m_db.exec(del);
+    m_rows.erase(m_rows.begin() + m_pos);
 }

@@ -4,6 +4,7 @@
 
 #include <QSqlRecord>
 #include <QString>
+#include <QStringList>
 #include <QVariant>
 #include <vector>
 
@@ -18,8 +19,9 @@ class RowSet {
 public:
     explicit RowSet(Database &db) : m_db(db) {}
 
-    // The rows of a query.
-    void open(const SqlStatement &query);
+    // The rows of a query. Rows can be deleted through the set when it
+    // names the table they come from and the columns that tell a row.
+    void open(const SqlStatement &query, const QString &table = {}, const QStringList &keyColumns = {});
     // A whole table by name; a missing table is a run-time error here.
     void openTable(const QString &table);
     void close();
@@ -33,6 +35,10 @@ public:
     // Searches forward from the current row, that row included. Without a
     // match the set is left at its end.
     void Find(const QString &criterion);
+
+    // Deletes the current row from its table; the set then stands on the
+    // row after it. Without a current row, a run-time error.
+    void Delete();
 
     // A column of the current row, its name compared case-blind.
     QVariant field(const QString &column) const;
@@ -49,6 +55,8 @@ private:
     Database &m_db;
     SqlStatement m_query;
     QString m_source;
+    QString m_table;
+    QStringList m_keyColumns;
     QSqlRecord m_layout;
     std::vector<QSqlRecord> m_rows;
     bool m_open = false;

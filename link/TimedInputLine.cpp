@@ -1,6 +1,7 @@
 #include "link/TimedInputLine.h"
 
 #include "core/Clock.h"
+#include "core/RunTimeError.h"
 
 #include <algorithm>
 
@@ -25,6 +26,8 @@ std::optional<ZDate> TimedInputLine::nextArrival() const
 
 bool TimedInputLine::open(std::uint8_t number)
 {
+    if (number == 0) // as on a real port: no such number, which is not a failure to open
+        throw RunTimeError::invalidPortNumber();
     m_number = number;
     m_error = m_openFailure;
     m_open = m_openFailure.isEmpty();

@@ -1,10 +1,40 @@
 #pragma once
 
+#include <QObject>
 #include <QString>
+#include <array>
 
-// What the polling shows in the main window's status bar: the clock of
-// panel 6 and the blinking alarm sign of panel 3.
-struct StatusPanels {
-    QString clockText;          // panel 6, "hh:mm:ss"
-    bool alarmPicture = false;  // panel 3 shows the "blysk" picture
+// The six panels of the main window's status bar as the station fills them:
+// 1 the work in progress, 2 the monitoring lamp, 3 the alarm sign, 4 the
+// link lamp, 5 the operating mode, 6 the clock. The polling and the event
+// hub write them; the status bar shows them.
+class StatusPanels : public QObject {
+    Q_OBJECT
+public:
+    // What a panel's picture shows; None is an empty picture.
+    enum class Picture { None, DarkLamp, LitLamp, AlarmFlash, ControlMode };
+
+    struct Panel {
+        QString text;
+        QString toolTip;
+        Picture picture = Picture::None;
+    };
+    static constexpr int Count = 6;
+
+    // Panels are numbered from 1, as on the screen.
+    const Panel &panel(int n) const { return m_panels.at(std::size_t(n - 1)); }
+    QString text(int n) const { return panel(n).text; }
+    Picture picture(int n) const { return panel(n).picture; }
+
+    void setText(int n, const QString &text);
+    void setToolTip(int n, const QString &toolTip);
+    void setPicture(int n, Picture picture);
+
+signals:
+    void panelChanged(int n);
+
+private:
+    Panel &at(int n) { return m_panels.at(std::size_t(n - 1)); }
+
+    std::array<Panel, Count> m_panels{};
 };

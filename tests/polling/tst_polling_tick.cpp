@@ -93,14 +93,14 @@ private slots:
         rig.station.clock.set(at(15, 4, 5, 900));
         rig.station.start();
         QString during;
-        rig.station.pump.afterMs(2000, [&] { during = rig.station.panels.clockText; });
+        rig.station.pump.afterMs(2000, [&] { during = rig.station.panels.text(6); });
         rig.station.timers->Timer1Tick();
         QCOMPARE(during, QStringLiteral("15:04:05")); // 24-hour, while the clock is past 15:04:07
-        QCOMPARE(rig.station.panels.clockText, QStringLiteral("15:04:05"));
+        QCOMPARE(rig.station.panels.text(6), QStringLiteral("15:04:05"));
         QCOMPARE(rig.station.timers->CzasTicka, at(15, 4, 5, 900));
         rig.station.clock.set(at(15, 9, 0));
         rig.station.timers->Timer1Tick(); // not due: an idle tick
-        QCOMPARE(rig.station.panels.clockText, QStringLiteral("15:09:00"));
+        QCOMPARE(rig.station.panels.text(6), QStringLiteral("15:09:00"));
     }
 
     void firstTickTriesAllActiveControllersOneSilentTheOthersOnTheGrid()
@@ -213,14 +213,14 @@ private slots:
 
         t.Timer2Tick();
         t.Timer3Tick();
-        QVERIFY(!rig.station.panels.alarmPicture);
+        QVERIFY((rig.station.panels.picture(3) == StatusPanels::Picture::None));
         QVERIFY(rig.station.wizual.argsOf(QStringLiteral("GrajDzwiek")).isEmpty());
 
         rig.s().oApp.IloscAktywnychAlarmow = 1;
         t.Timer2Tick();
-        QVERIFY(rig.station.panels.alarmPicture);
+        QVERIFY((rig.station.panels.picture(3) == StatusPanels::Picture::AlarmFlash));
         t.Timer2Tick();
-        QVERIFY(!rig.station.panels.alarmPicture);
+        QVERIFY((rig.station.panels.picture(3) == StatusPanels::Picture::None));
         t.Timer2Tick();
         t.Timer3Tick();
         QCOMPARE(rig.station.wizual.argsOf(QStringLiteral("GrajDzwiek")),
@@ -230,7 +230,7 @@ private slots:
         rig.s().oApp.IloscAktywnychAlarmow = 0;
         t.Timer2Tick();
         t.Timer3Tick();
-        QVERIFY(rig.station.panels.alarmPicture);
+        QVERIFY((rig.station.panels.picture(3) == StatusPanels::Picture::AlarmFlash));
         QCOMPARE(rig.station.wizual.argsOf(QStringLiteral("GrajDzwiek")).size(), 1);
 
         t.setAlarmTimers(true);

@@ -65,9 +65,15 @@ void StationFixture::attachLine(LinePort &port, FakeEventPump::Arrivals arrivals
     pump.setArrivals(std::move(arrivals));
 }
 
+void StationFixture::attachWizual(clsWizual &hub)
+{
+    Q_ASSERT(!m_station);
+    m_wizual = &hub;
+}
+
 Station &StationFixture::station()
 {
     if (!m_station)
-        m_station = std::make_unique<Station>(StationServices{clock, settings, dialogs, splash, *m_port, pump, wizual});
+        m_station = std::make_unique<Station>(StationServices{clock, settings, dialogs, splash, *m_port, pump, *m_wizual});
     return *m_station;
 }

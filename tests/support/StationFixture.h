@@ -39,6 +39,8 @@ public:
     // needs to know of its arrivals; before station() is first called.
     void attachLine(LinePort &port, FakeEventPump::Arrivals arrivals);
     LinePort &port() { return *m_port; }
+    // Puts another event hub in place of the recording one; before station() is first called.
+    void attachWizual(clsWizual &hub);
 
     Station &station();
 
@@ -53,6 +55,7 @@ public:
 private:
     QString m_file;
     LinePort *m_port = &line;
+    clsWizual *m_wizual = &wizual;
     std::unique_ptr<Database> m_db;
     std::unique_ptr<Station> m_station;
 };

@@ -133,5 +133,5 @@ void ControllerListWindow::showReading(std::int16_t Id, bool busy)
 
 void ControllerListWindow::refreshStatus()
 {
-    m_clock->setText(m_panels.clockText);
+    m_clock->setText(m_panels.text(6));
 }

@@ -8,7 +8,7 @@ class QLabel;
 class QTreeWidget;
 class QTreeWidgetItem;
 class Station;
-struct StatusPanels;
+class StatusPanels;
 
 // The station's main window while the full frame is being built: the
 // controllers with their configuration and their last readings; selecting

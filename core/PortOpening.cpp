@@ -1,0 +1,38 @@
+#include "core/PortOpening.h"
+
+#include "core/Dialogs.h"
+#include "core/RunTimeError.h"
+#include "core/Station.h"
+#include "link/LinePort.h"
+
+namespace {
+
+void tellPortFailure(Dialogs &dialogs, const QString &description)
+{
+    dialogs.MsgBox(QStringLiteral("Błąd otwarcia portu szeregowego: ") + description + QStringLiteral("\r")
+                       + QStringLiteral("Proszę zmienić nr portu."),
+                   Dialogs::Critical | Dialogs::OkOnly);
+}
+
+}
+
+void openPortWithOperatorHelp(Station &station, const std::function<void()> &askForPort)
+{
+    const StationServices &s = station.services;
+    for (bool firstRound = true;; firstRound = false) {
+        QString failure;
+        try {
+            station.oApp.WczytajOpcje(s.settings);
+            if (s.line.open(station.oApp.nr_portu))
+                return;
+            failure = s.line.errorString();
+        } catch (const RunTimeError &e) {
+            // the trap is set only once the first round has reached the open
+            if (firstRound)
+                throw;
+            failure = e.description();
+        }
+        tellPortFailure(s.dialogs, failure);
+        askForPort();
+    }
+}
