@@ -40,11 +40,21 @@ QString checkValue(const QCheckBox *box)
 
 frmOptions::frmOptions(clsoApp &app, SettingsStore &store, QWidget *parent)
     : QDialog(parent), m_app(app), m_store(store), tbsOptions(new QTabBar(this)), m_tabPanel(new QFrame(this)),
-      picOptions{}, cmbPort(new QComboBox), txtHaslo(nullptr), chkDzwieki(nullptr)
+      picOptions{}, cmbPort(nullptr), txtHaslo(nullptr), chkDzwieki(nullptr)
 {
     setWindowTitle(QStringLiteral("Opcje programu"));
     setFixedSize(twips::toPixels(FormWidth), twips::toPixels(FormHeight));
     buildTabStrip();
+    buildPages();
+    buildGeneralPage(picOptions[0]);
+    buildButtons();
+    form::previewKeys(this);
+    load();
+    placePages();
+}
+
+void frmOptions::buildPages()
+{
     for (int i = 0; i < PageCount; ++i) {
         picOptions[i] = new QWidget(this);
         picOptions[i]->setObjectName(QStringLiteral("picOptions%1").arg(i));
@@ -55,11 +65,6 @@ frmOptions::frmOptions(clsoApp &app, SettingsStore &store, QWidget *parent)
             frame->setGeometry(picOptions[i]->rect());
         }
     }
-    buildGeneralPage(picOptions[0]);
-    buildButtons();
-    form::previewKeys(this);
-    load();
-    placePages();
 }
 
 void frmOptions::buildTabStrip()
@@ -80,6 +85,7 @@ void frmOptions::buildTabStrip()
 
 void frmOptions::buildGeneralPage(QWidget *page)
 {
+    cmbPort = new QComboBox(page);
     cmbPort->setObjectName(QStringLiteral("cmbPort"));
     cmbPort->setEditable(true);
     cmbPort->addItems({QStringLiteral("1"), QStringLiteral("2")});

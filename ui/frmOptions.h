@@ -29,6 +29,7 @@ private:
     static constexpr int PageCount = 4;
 
     void buildTabStrip();
+    void buildPages();
     void buildGeneralPage(QWidget *page);
     void buildButtons();
     void load();
