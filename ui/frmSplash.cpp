@@ -46,7 +46,8 @@ QFrame *rule(QWidget *parent)
 }
 
 frmSplash::frmSplash(QWidget *parent)
-    : QDialog(parent, Qt::SplashScreen), Frame1(new QFrame(this)), lblProgress(form::label(Frame1, "lblProgress", {}))
+    : QDialog(parent, Qt::SplashScreen | Qt::WindowStaysOnTopHint), Frame1(new QFrame(this)),
+      lblProgress(form::label(Frame1, "lblProgress", {}))
 {
     Frame1->setObjectName(QStringLiteral("Frame1"));
     Frame1->setFrameShape(QFrame::Panel);
