@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+
+class QLabel;
+class QLineEdit;
+class QPushButton;
+class QWidget;
+
+// The controls of the small windows, each named as the window calls it.
+namespace form {
+
+QLabel *label(QWidget *parent, const char *name, const QString &caption);
+QPushButton *button(QWidget *parent, const char *name, const QString &caption);
+// A text box that shows each character as "*".
+QLineEdit *passwordBox(QWidget *parent, const char *name);
+
+// Lets the form see every key pressed in it before its controls do, as
+// its event filter: the form's own keys must not be taken by a control.
+void previewKeys(QWidget *form);
+
+}
