@@ -41,3 +41,8 @@ RunTimeError RunTimeError::portNotOpened(const QString &description)
 {
     return {PortNotOpened, QStringLiteral("Błąd otwarcia portu szeregowego: ") + description};
 }
+
+RunTimeError RunTimeError::elementNotFound()
+{
+    return {ElementNotFound, QStringLiteral("Nie znaleziono elementu")};
+}

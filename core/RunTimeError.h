@@ -21,6 +21,7 @@ public:
         NoCurrentRecord = 3021,
         InvalidPortNumber = 8002,
         PortNotOpened = 8012,
+        ElementNotFound = 35601,
     };
 
     RunTimeError(int number, const QString &description);
@@ -45,6 +46,8 @@ public:
     static RunTimeError invalidPortNumber();
     // The line's port would not open; the system's own description follows the text.
     static RunTimeError portNotOpened(const QString &description);
+    // A key that names no node of a tree.
+    static RunTimeError elementNotFound();
 
 private:
     int m_number;
