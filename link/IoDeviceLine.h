@@ -15,6 +15,9 @@ public:
     virtual bool openDevice(const QString &name) = 0;
     virtual void close() = 0;
     virtual void discardInput() = 0;
+    // The device went away under the open line (unplugged, hung up, dropped
+    // by the far end); so until the line is closed or opened again.
+    virtual bool lost() const = 0;
 
     bool isOpen() const;
     QString errorString() const { return m_error; }

@@ -10,6 +10,23 @@ SerialLine::SerialLine() : IoDeviceLine(m_port)
     m_port.setFlowControl(QSerialPort::NoFlowControl);
     // the output side needs no bound: a frame is five bytes at most
     m_port.setReadBufferSize(InBufferSize);
+    // A device that is gone (an adapter pulled, a pty hung up) reports its
+    // error again at every pass of the event loop until it is closed. The
+    // close waits for the next pass, out of the port's own call.
+    QObject::connect(&m_port, &QSerialPort::errorOccurred, &m_port, [this] { closeIfGone(); },
+                     Qt::QueuedConnection);
+}
+
+void SerialLine::closeIfGone()
+{
+    // the port's error now, not the one signalled: the port may have been
+    // opened again meanwhile
+    const QSerialPort::SerialPortError e = m_port.error();
+    const bool ioError = e == QSerialPort::ResourceError || e == QSerialPort::ReadError || e == QSerialPort::WriteError;
+    if (!ioError || !m_port.isOpen())
+        return;
+    m_port.close();
+    m_lost = true;
 }
 
 bool SerialLine::openDevice(const QString &name)
@@ -21,6 +38,7 @@ bool SerialLine::openDevice(const QString &name)
 
 void SerialLine::close()
 {
+    m_lost = false;
     if (m_port.isOpen())
         m_port.close();
 }

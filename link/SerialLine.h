@@ -13,7 +13,11 @@ public:
     void close() override;
     void send(const QByteArray &bytes) override;
     void discardInput() override;
+    bool lost() const override { return m_lost; }
 
 private:
+    void closeIfGone();
+
     QSerialPort m_port;
+    bool m_lost = false;
 };

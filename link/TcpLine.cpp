@@ -44,3 +44,8 @@ void TcpLine::discardInput()
         dropBuffered();
     while (m_socket.isOpen() && ++rounds < MaxDrainRounds && m_socket.waitForReadyRead(0));
 }
+
+bool TcpLine::lost() const
+{
+    return m_socket.isOpen() && m_socket.state() != QAbstractSocket::ConnectedState;
+}

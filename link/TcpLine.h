@@ -13,6 +13,8 @@ public:
     void close() override;
     void send(const QByteArray &bytes) override;
     void discardInput() override;
+    // The socket stays open for reading after the far end has gone.
+    bool lost() const override;
 
 private:
     static constexpr int ConnectTimeoutMs = 3000;

@@ -80,7 +80,7 @@ int main(int argc, char *argv[])
     QtSettingsStore settings;
     MessageBoxDialogs dialogs;
     frmSplash splash;
-    StationLine line(settings);
+    StationLine line(settings, clock);
     QtEventPump pump;
     StationHub hub;
     Station station(StationServices{clock, settings, dialogs, splash, line, pump, hub});
