@@ -6,7 +6,10 @@ int MessageBoxDialogs::MsgBox(const QString &prompt, int style, const QString &t
 {
     QMessageBox box(m_parent);
     box.setWindowTitle(title.isEmpty() ? QStringLiteral("Zorbel") : title);
-    box.setText(prompt);
+    // a carriage return breaks the line, as in the station's texts
+    QString text = prompt;
+    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    box.setText(text);
     switch (style & 0x70) {
     case Critical: box.setIcon(QMessageBox::Critical); break;
     case Question: box.setIcon(QMessageBox::Question); break;

@@ -1,7 +1,11 @@
-#include "ControllerListWindow.h"
-#include "StationHub.h"
-#include "fmAlarmyN.h"
 #include "MessageBoxDialogs.h"
+#include "ModalLogin.h"
+#include "ScreenWizual.h"
+#include "StationScreenshot.h"
+#include "WavePlayer.h"
+#include "fmAlarmyN.h"
+#include "fmGlowny.h"
+#include "fmRegulatory.h"
 #include "frmSplash.h"
 
 #include "core/Clock.h"
@@ -17,11 +21,9 @@
 
 #include <QApplication>
 #include <QGuiApplication>
-#include <QPainter>
-#include <QTimer>
-#include <algorithm>
+#include <QMenu>
 #include <cstdio>
-#include <memory>
+#include <cstdlib>
 
 namespace {
 
@@ -29,43 +31,11 @@ namespace {
 // screen shows it too, and in a message box where there is a screen to show it on.
 int endWith(const RunTimeError &e, Dialogs &dialogs)
 {
-    std::fprintf(stderr, "zorbel: %s\n", e.what());
+    std::fprintf(stderr, "zorbel: %s\n", qPrintable(e.message()));
     const QString platform = QGuiApplication::platformName();
     if (platform != QLatin1String("offscreen") && platform != QLatin1String("minimal"))
         dialogs.MsgBox(e.message(), Dialogs::Critical, QStringLiteral("Zorbel"));
     return 1;
-}
-
-// --screenshot FILE: once the station has settled, saves its windows, laid
-// out as on the screen, as PNG and quits (for documentation and for
-// looking at a run without a screen).
-void scheduleScreenshot(const QStringList &args)
-{
-    const qsizetype i = args.indexOf(QStringLiteral("--screenshot"));
-    if (i < 0 || i + 1 >= args.size())
-        return;
-    const QString file = args.at(i + 1);
-    QTimer::singleShot(4000, qApp, [file] {
-        QList<QWidget *> shown;
-        QRect area;
-        for (QWidget *w : QApplication::topLevelWidgets())
-            if (w->isVisible()) {
-                shown << w;
-                area |= w->frameGeometry();
-            }
-        // the main window below, the windows it owns above it
-        std::stable_sort(shown.begin(), shown.end(),
-                         [](QWidget *a, QWidget *b) { return !a->parentWidget() && b->parentWidget(); });
-        QPixmap shot(area.size().expandedTo(QSize(1, 1)));
-        shot.fill(Qt::darkGray);
-        QPainter p(&shot);
-        for (QWidget *w : shown)
-            p.drawPixmap(w->geometry().topLeft() - area.topLeft(), w->grab());
-        p.end();
-        if (!shot.save(file, "PNG"))
-            std::fprintf(stderr, "zorbel: cannot write %s\n", qPrintable(file));
-        QApplication::quit();
-    });
 }
 
 }
@@ -75,6 +45,7 @@ int main(int argc, char *argv[])
     QApplication app(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("Zorbel"));
     QApplication::setApplicationName(QStringLiteral("Zorbel"));
+    QApplication::setApplicationVersion(QStringLiteral(ZORBEL_VERSION));
 
     SystemClock clock;
     QtSettingsStore settings;
@@ -82,52 +53,61 @@ int main(int argc, char *argv[])
     frmSplash splash;
     StationLine line(settings, clock);
     QtEventPump pump;
-    StationHub hub;
-    Station station(StationServices{clock, settings, dialogs, splash, line, pump, hub});
     StatusPanels panels;
+    ScreenWizual hub(panels);
+    Station station(StationServices{clock, settings, dialogs, splash, line, pump, hub});
     PollingTimers timers(station, panels);
+    hub.bind(station, timers);
+    ModalLogin login(station.oApp, dialogs);
 
-    std::unique_ptr<ControllerListWindow> window;
-    fmAlarmyN *alarmWindow = nullptr; // owned by the main window
     try {
-        station.oApp.WczytajOpcje(settings);
         StartUp(station);
-        station.oApp.Znakdaty = QStringLiteral("#");
-        station.oFunkcje.setZnakdaty(station.oApp.Znakdaty);
-        if (!line.open(station.oApp.nr_portu))
-            throw RunTimeError::portNotOpened(line.errorString());
-        window = std::make_unique<ControllerListWindow>(station, panels);
-        hub.attach(&station, window.get(), &timers);
-        // the alarm window comes into being with the first alarm of the run
-        station.fmAlarmyN.setChangeListener([&] {
-            if (!alarmWindow) {
-                alarmWindow = new fmAlarmyN(station.fmAlarmyN, dialogs, window.get());
-                alarmWindow->show();
-            }
-            alarmWindow->refresh();
-        });
-        dialogs.setParent(window.get());
-        station.oBD.ZapiszDoLoga(QStringLiteral("Start aplikacji"), QStringLiteral("N"), QStringLiteral("L"), QString());
-        window->show();
-        splash.closeSplash();
     } catch (const RunTimeError &e) {
         splash.closeSplash();
         return endWith(e, dialogs);
     }
+
+    fmGlowny frame(station, panels, timers, login);
+    dialogs.setParent(&frame);
+    login.setParent(&frame);
+    try {
+        frame.load();
+    } catch (const RunTimeError &e) {
+        splash.closeSplash();
+        return endWith(e, dialogs);
+    }
+    frame.show();
+
+    auto *tree = new fmRegulatory(station);
+    tree->setPopupHandler([&frame](const QString &menu, const QPoint &at) { frame.menu(menu)->popup(at); });
+    frame.showChild(tree);
+    station.fmAlarmyN.setNodePainter([tree](const QString &kod, bool alarm) { tree->paintAlarm(kod, alarm); });
+    hub.attach(&frame, tree);
+
+    auto *alarms = new fmAlarmyN(station.fmAlarmyN, dialogs);
+    frame.showChild(alarms);
+    frame.setAlarmWindow(alarms);
+    station.fmAlarmyN.setChangeListener([alarms] { alarms->refresh(); });
+
+    WavePlayer player;
+    hub.setPlayer([&player](const QString &file) { player.play(file); });
+    splash.closeSplash();
 
     int exitCode = 0;
     timers.setFatalHandler([&](const RunTimeError &e) {
         exitCode = endWith(e, dialogs);
         QApplication::exit(exitCode);
     });
-    QObject::connect(&app, &QCoreApplication::aboutToQuit, [&] {
-        timers.stop();
-        if (exitCode == 0)
-            station.oBD.ZapiszDoLoga(QStringLiteral("Zatrzymanie aplikacji"), QStringLiteral("N"), QStringLiteral("L"),
-                                     QString());
-        line.close();
+    // the station is closed; the process ends at once. Inside a polling
+    // round (the interface runs during the link's waits) the round is not
+    // returned to: it would use the closed line and database.
+    frame.setEndProcess([&timers] {
+        if (timers.inTick())
+            std::exit(0);
+        QApplication::exit(0);
     });
-    QuitOnSignal quitOnSignal; // a signal closes the station as its window does, without asking
+    // a logout or a service manager closes the station as its window does, without asking
+    QuitOnSignal quitOnSignal([&frame] { frame.unloadWithoutAsking(); });
     timers.start();
     scheduleScreenshot(app.arguments());
     return app.exec();

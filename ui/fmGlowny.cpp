@@ -1,0 +1,169 @@
+#include "fmGlowny.h"
+
+#include "MainStatusBar.h"
+#include "MainToolbar.h"
+#include "NotYetWindow.h"
+#include "StationImages.h"
+#include "frmOptions.h"
+
+#include "core/Dialogs.h"
+#include "core/PollingTimers.h"
+#include "core/PortOpening.h"
+#include "core/RunTimeError.h"
+#include "core/Shutdown.h"
+#include "core/Station.h"
+#include "model/StatusPanels.h"
+
+#include <QCloseEvent>
+#include <QCoreApplication>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
+
+fmGlowny::fmGlowny(Station &station, StatusPanels &panels, PollingTimers &timers, LoginPrompt &login,
+                   QWidget *parent)
+    : QMainWindow(parent), m_station(station), m_panels(panels), m_timers(timers), m_login(login),
+      m_area(new QMdiArea(this))
+{
+    setObjectName(QStringLiteral("fmGlowny"));
+    setWindowTitle(QStringLiteral("Zorbel"));
+    setWindowIcon(StationImages::controllerTreeImages().image(1));
+    m_area->setObjectName(QStringLiteral("MDIArea"));
+    m_area->setBackground(QColor(128, 128, 128));
+    setCentralWidget(m_area);
+    buildMenus();
+    m_toolbar = new MainToolbar(StationImages::mainImages(), this);
+    m_toolbar->setClickHandler([this](const QString &key, bool value) { guarded([&] { ToolbarAction(key, value); }); });
+    addToolBar(m_toolbar);
+    // the texts of the panels as designed
+    m_panels.setText(1, QStringLiteral("Stan"));
+    m_panels.setText(5, QStringLiteral("normalny"));
+    m_statusBar = new MainStatusBar(m_panels, StationImages::mainImages(), StationImages::modeImages(), this);
+    setStatusBar(m_statusBar);
+    resize(1000, 720);
+}
+
+void fmGlowny::load()
+{
+    openPortWithOperatorHelp(m_station, [this] { askForPort(); });
+    // the port is open: nothing after it may stop the station from coming up
+    try {
+        prepareBars();
+        m_station.oApp.Znakdaty = QStringLiteral("#");
+        m_station.oFunkcje.setZnakdaty(m_station.oApp.Znakdaty);
+        m_station.oBD.ZapiszDoLoga(QStringLiteral("Start aplikacji"), QStringLiteral("N"), QStringLiteral("L"), QString());
+    } catch (const RunTimeError &e) {
+        qWarning("zorbel: %s", qPrintable(e.message()));
+    }
+}
+
+void fmGlowny::askForPort()
+{
+    frmOptions options(m_station.oApp, m_station.services.settings);
+    options.exec();
+}
+
+void fmGlowny::prepareBars()
+{
+    const char *tips[] = {"Aktualny stan Zorbela", "Monitoring", "Alarmy", "Komunikacja", "Tryb pracy", "Aktualny czas"};
+    for (int n = 1; n <= StatusPanels::Count; ++n)
+        m_panels.setToolTip(n, QString::fromUtf8(tips[n - 1]));
+    m_panels.setText(2, QStringLiteral("Monitoring"));
+    m_panels.setPicture(2, StatusPanels::Picture::DarkLamp);
+    m_panels.setPicture(3, StatusPanels::Picture::None);
+    m_panels.setPicture(4, StatusPanels::Picture::DarkLamp);
+
+    MainToolbar &bar = *m_toolbar;
+    bar.setToolTip(QStringLiteral("Komun"), QStringLiteral("Włączanie/wyłaczanie komunikacji"));
+    bar.setToolTip(QStringLiteral("Panel"), QStringLiteral("Pokaż/ukryj panel"));
+    bar.setToolTip(QStringLiteral("Alarm"), QStringLiteral("Pokaż/ukryj alarmy"));
+    bar.setToolTip(QStringLiteral("Dane"), QStringLiteral("Pokaż/ukryj dane z regulatora"));
+    bar.setToolTip(QStringLiteral("Monit"), QStringLiteral("Włącz/wyłącz monitoring"));
+    // by position, as it always was: 6 and 8 are separators, 7 is "Alarm"
+    bar.setToolTipAt(6, QStringLiteral("Twórz wykresy"));
+    bar.setToolTipAt(7, QStringLiteral("Pokaż okno alarmów"));
+    bar.setToolTipAt(8, QStringLiteral("Czarodziej ustawień"));
+}
+
+QWidget *fmGlowny::showChild(QWidget *window)
+{
+    QMdiSubWindow *sub = nullptr;
+    for (QMdiSubWindow *s : m_area->subWindowList())
+        if (s->widget() == window)
+            sub = s;
+    if (!sub) {
+        const QRect wanted = window->geometry();
+        sub = m_area->addSubWindow(window, window->windowFlags() & ~Qt::Window);
+        sub->setAttribute(Qt::WA_DeleteOnClose, window->testAttribute(Qt::WA_DeleteOnClose));
+        sub->move(wanted.topLeft());
+    }
+    window->show();
+    sub->show();
+    m_area->setActiveSubWindow(sub);
+    return window;
+}
+
+void fmGlowny::showWindow(const QString &name, const QString &caption, std::function<void()> onClose)
+{
+    if (auto *open = m_area->findChild<NotYetWindow *>(name)) {
+        showChild(open);
+        return;
+    }
+    auto *window = new NotYetWindow(name, caption);
+    window->setOnClose(std::move(onClose));
+    showChild(window);
+}
+
+void fmGlowny::unloadWindow(const QString &name)
+{
+    if (auto *open = m_area->findChild<NotYetWindow *>(name)) {
+        open->setOnClose({}); // unloaded by the program: no second round of its close handling
+        // the frame around it goes with it
+        if (auto *sub = qobject_cast<QMdiSubWindow *>(open->parentWidget()))
+            sub->close();
+        else
+            open->close();
+    }
+}
+
+void fmGlowny::guarded(const std::function<void()> &command)
+{
+    try {
+        command();
+    } catch (const RunTimeError &e) {
+        m_station.services.dialogs.MsgBox(e.message(), Dialogs::Critical);
+    }
+}
+
+void fmGlowny::closeEvent(QCloseEvent *event)
+{
+    if (!m_closing) {
+        const int answer = m_station.services.dialogs.MsgBox(QStringLiteral("Czy zakończyć działanie programu Zorbel?"),
+                                                             Dialogs::OkCancel | Dialogs::Question,
+                                                             QStringLiteral("Koniec programu"));
+        if (answer != Dialogs::Ok) {
+            event->ignore();
+            return;
+        }
+        m_closing = true;
+        unload();
+    }
+    event->accept();
+}
+
+void fmGlowny::unloadWithoutAsking()
+{
+    if (m_closing)
+        return;
+    m_closing = true;
+    unload();
+}
+
+void fmGlowny::unload()
+{
+    stopStation(m_station, m_timers);
+    if (m_endProcess)
+        m_endProcess();
+    else
+        QCoreApplication::exit(0);
+}

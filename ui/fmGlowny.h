@@ -1,0 +1,95 @@
+#pragma once
+
+#include <QHash>
+#include <QMainWindow>
+#include <QPointer>
+#include <functional>
+
+class DataView;
+class LoginPrompt;
+class MainStatusBar;
+class MainToolbar;
+class PanelView;
+class PollingTimers;
+class QMdiArea;
+class QMenu;
+class Station;
+class StatusPanels;
+
+// The frame of the station: menu, toolbar, status bar and the area in which
+// every other window opens. It dispatches: its commands open a window,
+// change a flag or queue a request for the polling; none of them talks to
+// a controller.
+class fmGlowny final : public QMainWindow {
+public:
+    fmGlowny(Station &station, StatusPanels &panels, PollingTimers &timers, LoginPrompt &login,
+             QWidget *parent = nullptr);
+
+    // Ends the process once the station is closed; the default quits the event loop.
+    void setEndProcess(std::function<void()> endProcess) { m_endProcess = std::move(endProcess); }
+
+    // The load: opens the port with the operator's help, prepares the bars,
+    // sets the date sign and logs the start.
+    void load();
+    // Closes the station without asking (a signal from the system).
+    void unloadWithoutAsking();
+
+    // Menu entries and menus by name; an unknown name is a run-time error.
+    QAction *entry(const QString &name) const;
+    QMenu *menu(const QString &name) const;
+    MainToolbar &toolbar() const { return *m_toolbar; }
+    MainStatusBar &statusBarPanels() const { return *m_statusBar; }
+    QMdiArea &area() const { return *m_area; }
+
+    // Puts a window into the frame and shows it.
+    QWidget *showChild(QWidget *window);
+    void setAlarmWindow(QWidget *window) { m_alarmWindow = window; }
+
+    // The front panel and data windows while they are loaded, else null.
+    PanelView *panelWindow() const { return m_panelView; }
+    DataView *dataWindow() const { return m_dataView; }
+    // Those windows tell the frame that they are there (null when they go).
+    void setPanelWindow(PanelView *view) { m_panelView = view; }
+    void setDataWindow(DataView *view) { m_dataView = view; }
+
+    void ToolbarAction(const QString &Key, bool Value);
+    void WyswRaportDobowy();
+    void WyswRaportOkresowy();
+    void PokazPanel(bool pokaz);
+    void PokazDane(bool pokaz);
+    void UstawMonitoring(bool wlacz);
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void buildMenus();
+    void addEntry(QMenu *menu, const char *name, const char *caption, std::function<void()> onClick);
+    QMenu *addMenu(QWidget *parent, const char *name, const char *caption);
+    void prepareBars();
+    void askForPort();
+    // Runs an operator's command; a run-time error ends the command with its message.
+    void guarded(const std::function<void()> &command);
+    // Shows the named child window, or the word that it is not there yet.
+    void showWindow(const QString &name, const QString &caption, std::function<void()> onClose = {});
+    void unloadWindow(const QString &name);
+    void unload();
+
+    void switchStage();
+    void deleteController();
+
+    Station &m_station;
+    StatusPanels &m_panels;
+    PollingTimers &m_timers;
+    LoginPrompt &m_login;
+    std::function<void()> m_endProcess;
+    QMdiArea *m_area;
+    MainToolbar *m_toolbar;
+    MainStatusBar *m_statusBar;
+    QHash<QString, QAction *> m_entries;
+    QHash<QString, QMenu *> m_menus;
+    QPointer<QWidget> m_alarmWindow;
+    PanelView *m_panelView = nullptr;
+    DataView *m_dataView = nullptr;
+    bool m_closing = false;
+};

@@ -1,0 +1,232 @@
+// The commands of the main window: its menu, its toolbar and the routines
+// that show or hide the controller windows.
+#include "fmGlowny.h"
+
+#include "MainToolbar.h"
+#include "frmOptions.h"
+#include "frmSplash.h"
+
+#include "core/Dialogs.h"
+#include "core/RunTimeError.h"
+#include "core/NumberForm.h"
+#include "core/Station.h"
+#include "link/clsPozKolejki.h"
+
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QMenuBar>
+
+QMenu *fmGlowny::addMenu(QWidget *parent, const char *name, const char *caption)
+{
+    auto *menu = new QMenu(QString::fromUtf8(caption), parent);
+    menu->setObjectName(QString::fromLatin1(name));
+    menu->menuAction()->setObjectName(QString::fromLatin1(name));
+    if (auto *bar = qobject_cast<QMenuBar *>(parent))
+        bar->addMenu(menu);
+    else
+        static_cast<QMenu *>(parent)->addMenu(menu);
+    m_menus.insert(menu->objectName(), menu);
+    m_entries.insert(menu->objectName(), menu->menuAction());
+    return menu;
+}
+
+void fmGlowny::addEntry(QMenu *menu, const char *name, const char *caption, std::function<void()> onClick)
+{
+    QAction *a = QString::fromLatin1(caption) == QLatin1String("-") ? menu->addSeparator()
+                                                                     : menu->addAction(QString::fromUtf8(caption));
+    a->setObjectName(QString::fromLatin1(name));
+    if (onClick)
+        connect(a, &QAction::triggered, this, [this, onClick = std::move(onClick)] { guarded(onClick); });
+    m_entries.insert(a->objectName(), a);
+}
+
+void fmGlowny::buildMenus()
+{
+    QMenuBar *bar = menuBar();
+    QMenu *plik = addMenu(bar, "mnuPlik", "&Plik");
+    addEntry(plik, "mnuStruktura", "&Struktura", [this] { showWindow(QStringLiteral("fmStruktura"), QStringLiteral("Struktura")); });
+    addEntry(plik, "mnuKoniec", "&Koniec", [this] { close(); });
+
+    QMenu *baza = addMenu(bar, "mnuBaza", "&Baza danych");
+    baza->menuAction()->setVisible(false); // the pop-up of the controller tree's root
+    addEntry(baza, "mnuBDNowyRegul", "&Nowy regulator",
+             [this] { showWindow(QStringLiteral("frmRegulatory"), QStringLiteral("Regulator")); });
+
+    QMenu *regul = addMenu(bar, "popmnuRegul", "&Regulator");
+    addEntry(regul, "mnuRegulPanel", "wyświetl panel", [this] { PokazPanel(entry(QStringLiteral("mnuRegulPanel"))->isChecked()); });
+    addEntry(regul, "mnureguldane", "wyświetl dane", [this] { PokazDane(entry(QStringLiteral("mnureguldane"))->isChecked()); });
+    addEntry(regul, "mnuregulmonit", "&Monitoring", [this] { UstawMonitoring(entry(QStringLiteral("mnuregulmonit"))->isChecked()); });
+    // checkable: a click turns the mark over first, so the handlers above pass its negation
+    for (const char *name : {"mnuRegulPanel", "mnureguldane", "mnuregulmonit"})
+        entry(QString::fromLatin1(name))->setCheckable(true);
+    entry(QStringLiteral("mnuRegulPanel"))->setVisible(false);
+    entry(QStringLiteral("mnureguldane"))->setVisible(false);
+    QMenu *stopien = addMenu(regul, "mnuRegulBat", "&Stopień");
+    addEntry(stopien, "mnuRegulBatZal", "&Załącz stopień", [this] { switchStage(); });
+    addEntry(stopien, "mnuRegulBatTestuj", "&Testuj stopień", {}); // enabled in control mode, does nothing
+    addEntry(regul, "mnunic2", "-", {});
+    addEntry(regul, "mnuRegRapDob", "&Raport z akt. doby",
+             [this] { showWindow(QStringLiteral("RaportDobowyRegulatora"), QStringLiteral("Raport dobowy")); });
+    addEntry(regul, "mnyRegWykrDob", "&Wykres z akt. doby",
+             [this] { showWindow(QStringLiteral("fmWykresy1"), QStringLiteral("Wykres dobowy")); });
+    addEntry(regul, "mnuRegulAlarmy", "&Alarmy z doby",
+             [this] { showWindow(QStringLiteral("fmAlarmyArch"), QStringLiteral("Archiwum alarmów")); });
+    addEntry(regul, "mnunic4", "-", {});
+    addEntry(regul, "mnuRegulZablok", "&Zablokuj regulator", [this] {
+        // always a request to block: unblocking is the front panel's button
+        m_station.Kolejka.Add(m_station.oApp.NrAktRegulatora, QStringLiteral("Blokuj"), true, 0, QString());
+    });
+    addEntry(regul, "mnunic", "-", {});
+    addEntry(regul, "mnuRegulEdytuj", "edytuj",
+             [this] { showWindow(QStringLiteral("frmRegulatory"), QStringLiteral("Regulator")); });
+    addEntry(regul, "mnuRegulUsun", "usuń", [this] { deleteController(); });
+    for (const char *name : {"mnuRegulBatZal", "mnuRegulBatTestuj", "mnuRegulZablok"})
+        entry(QString::fromLatin1(name))->setEnabled(false);
+
+    QMenu *raporty = addMenu(bar, "mnuRaporty", "&Raporty");
+    addEntry(raporty, "mnuRaportyDobowy", "Raport &dobowy", [this] { WyswRaportDobowy(); });
+    addEntry(raporty, "mnuRapOkresowy", "Raport &okresowy", [this] { WyswRaportOkresowy(); });
+
+    QMenu *wykresy = addMenu(bar, "mnuWykresy", "&Wykresy");
+    addEntry(wykresy, "mnuWykresDob", "Wykres &dobowy",
+             [this] { showWindow(QStringLiteral("fmWykresy1"), QStringLiteral("Wykres dobowy")); });
+    addEntry(wykresy, "mnuWykresMies", "Wykres &okresowy",
+             [this] { showWindow(QStringLiteral("fmWykresy2"), QStringLiteral("Wykres okresowy")); });
+
+    QMenu *ster = addMenu(bar, "mnuSter", "&Sterowanie");
+    addEntry(ster, "mnuSterWlacz", "Włącz tryb &sterowania",
+             [this] { m_station.oApp.PrzelaczTrybSterowania(m_login, m_station.oWizual); });
+
+    QMenu *narz = addMenu(bar, "mnuNarzedzia", "&Narzędzia");
+    addEntry(narz, "mnuNarzOpcje", "&Opcje", [this] {
+        auto *options = new frmOptions(m_station.oApp, m_station.services.settings, this);
+        options->setAttribute(Qt::WA_DeleteOnClose);
+        options->show();
+    });
+    addEntry(narz, "mnuNarzAlarmy", "Archiwum &alarmów",
+             [this] { showWindow(QStringLiteral("fmAlarmyArch"), QStringLiteral("Archiwum alarmów")); });
+
+    QMenu *pomoc = addMenu(bar, "mnuPomoc", "&Pomoc");
+    addEntry(pomoc, "mnuPomocOProgramie", "&O programie", [this] {
+        frmSplash about(this);
+        about.exec();
+    });
+
+    QMenu *str = addMenu(bar, "mnuStr", "Struktura");
+    str->menuAction()->setVisible(false); // the pop-up of the object tree
+    addEntry(str, "mnuStrRapDob", "raport dobowy", [this] { WyswRaportDobowy(); });
+    addEntry(str, "mnuStrRapOkr", "raport okresowy", [this] { WyswRaportOkresowy(); });
+}
+
+QAction *fmGlowny::entry(const QString &name) const
+{
+    QAction *a = m_entries.value(name);
+    if (!a)
+        throw RunTimeError::subscriptOutOfRange();
+    return a;
+}
+
+QMenu *fmGlowny::menu(const QString &name) const
+{
+    QMenu *m = m_menus.value(name);
+    if (!m)
+        throw RunTimeError::subscriptOutOfRange();
+    return m;
+}
+
+void fmGlowny::ToolbarAction(const QString &Key, bool Value)
+{
+    if (Key == QLatin1String("Panel"))
+        PokazPanel(Value);
+    else if (Key == QLatin1String("Dane"))
+        PokazDane(Value);
+    else if (Key == QLatin1String("Monit"))
+        UstawMonitoring(Value);
+    else if (Key == QLatin1String("Alarm") && m_alarmWindow)
+        m_area->setActiveSubWindow(qobject_cast<QMdiSubWindow *>(m_alarmWindow->parentWidget()));
+    else if (Key == QLatin1String("RapDob"))
+        WyswRaportDobowy();
+    else if (Key == QLatin1String("Wykresy"))
+        showWindow(QStringLiteral("fmWykresy1"), QStringLiteral("Wykres dobowy"));
+}
+
+void fmGlowny::WyswRaportDobowy()
+{
+    if (m_station.oApp.AktTypEl == QLatin1String("R"))
+        showWindow(QStringLiteral("fmRapDob"), QStringLiteral("Raport dobowy"));
+    else
+        showWindow(QStringLiteral("fmRapDobS"), QStringLiteral("Raport dobowy"));
+}
+
+void fmGlowny::WyswRaportOkresowy()
+{
+    if (m_station.oApp.AktTypEl == QLatin1String("R"))
+        showWindow(QStringLiteral("fmRapOkres"), QStringLiteral("Raport okresowy"));
+    else
+        showWindow(QStringLiteral("fmRapOkresS"), QStringLiteral("Raport okresowy"));
+}
+
+void fmGlowny::PokazPanel(bool pokaz)
+{
+    entry(QStringLiteral("mnuRegulPanel"))->setChecked(pokaz);
+    m_toolbar->setValue(QStringLiteral("Panel"), pokaz ? 1 : 0);
+    if (pokaz)
+        showWindow(QStringLiteral("fmpanel"), QStringLiteral("Panel regulatora"), [this] { PokazPanel(false); });
+    else
+        unloadWindow(QStringLiteral("fmpanel"));
+}
+
+void fmGlowny::PokazDane(bool pokaz)
+{
+    entry(QStringLiteral("mnureguldane"))->setChecked(pokaz);
+    m_toolbar->setValue(QStringLiteral("Dane"), pokaz ? 1 : 0);
+    // closed by its own close box the data window only releases its button
+    if (pokaz)
+        showWindow(QStringLiteral("frmDane"), QStringLiteral("Dane regulatora"),
+                   [this] { m_toolbar->setValue(m_toolbar->key(4), 0); });
+    else
+        unloadWindow(QStringLiteral("frmDane"));
+}
+
+void fmGlowny::UstawMonitoring(bool wlacz)
+{
+    entry(QStringLiteral("mnuregulmonit"))->setChecked(wlacz);
+    m_toolbar->setValue(QStringLiteral("Monit"), wlacz ? 1 : 0);
+    clRegulator &r = m_station.Regulatory.Item(m_station.oApp.NrAktRegulatora);
+    r.Monitoring = wlacz;
+    m_station.oBD.ZapiszDoLoga(wlacz ? QStringLiteral("Włączono monitoring") : QStringLiteral("Wyłączono monitoring"),
+                               QStringLiteral("N"), QStringLiteral("M"), r.Kod);
+}
+
+void fmGlowny::switchStage()
+{
+    clRegulator &r = m_station.Regulatory.Item(m_station.oApp.NrAktRegulatora);
+    if (r.NrAktBaterii == 0) {
+        m_station.services.dialogs.MsgBox(QStringLiteral("Proszę najpierw zaznaczyć stopień!"),
+                                          Dialogs::Exclamation | Dialogs::OkOnly, QStringLiteral("Zorbel"));
+        return;
+    }
+    const auto nr = std::uint8_t(r.NrAktBaterii - 1);
+    // always the opposite of what the lamp shows now
+    const StageSwitch change{nr, !r.SprawdzStanDiody(nr)};
+    m_station.Kolejka.Add(m_station.oApp.NrAktRegulatora, QStringLiteral("UstawKondensator"),
+                          QVariant::fromValue(change), 0, QString());
+}
+
+void fmGlowny::deleteController()
+{
+    Dialogs &dialogs = m_station.services.dialogs;
+    if (dialogs.MsgBox(QStringLiteral("Czy napewno usunąć wybrany regulator z systemu Zorbel?"),
+                       Dialogs::OkCancel | Dialogs::Question, QStringLiteral("UWAGA"))
+        != Dialogs::Ok)
+        return;
+    const clRegulator &r = m_station.Regulatory.Item(m_station.oApp.NrAktRegulatora);
+    RowSet &rows = *m_station.rsRegulatory;
+    rows.MoveFirst();
+    rows.Find(QStringLiteral("Adres=") + numberForm(r.adres));
+    rows.Delete();
+    // the controller goes on being polled until the next start
+    dialogs.MsgBox(QStringLiteral("Nowe ustawienia zostaną uwzględnione po ponownym uruchomieniu programu Zorbel."),
+                   Dialogs::Information, QStringLiteral("Uwaga"));
+}
