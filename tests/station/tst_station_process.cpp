@@ -2,6 +2,7 @@
 #include "TestEnv.h"
 
 #include <QElapsedTimer>
+#include <QFileInfo>
 #include <QProcess>
 #include <QSettings>
 #include <QTest>
@@ -83,15 +84,18 @@ private slots:
         const int active = countOf(QStringLiteral("SELECT COUNT(*) FROM Regulatory WHERE aktywny = 'Tak'"));
         QVERIFY(active >= 3);
 
+        // the bus on a pseudo-terminal, as a serial port is reached
+        const QString bus = env.file(QStringLiteral("bus"));
         QProcess sim;
         sim.setWorkingDirectory(env.path());
         sim.start(TestEnv::program(QStringLiteral("zorbel-sim")),
-                  {QStringLiteral("--db"), QStringLiteral("sqlite:zorbel.db"), QStringLiteral("--tcp"), QStringLiteral("0"),
+                  {QStringLiteral("--db"), QStringLiteral("sqlite:zorbel.db"), QStringLiteral("--link"), bus,
                    QStringLiteral("--silent"), QStringLiteral("6")});
-        const QString address = firstLine(sim);
-        QVERIFY2(address.startsWith(QLatin1String("127.0.0.1:")), qPrintable(address));
+        const QString device = firstLine(sim);
+        QVERIFY2(device.startsWith(QLatin1String("/dev/pts/")), qPrintable(device));
+        QVERIFY(QFileInfo(bus).isSymLink());
         QSettings(env.file(QStringLiteral("config/Zorbel/Zorbel.conf")), QSettings::IniFormat)
-            .setValue(QStringLiteral("porty/1"), QStringLiteral("tcp://") + address);
+            .setValue(QStringLiteral("porty/1"), bus);
 
         QProcess station;
         station.setWorkingDirectory(env.path());
@@ -100,6 +104,9 @@ private slots:
         // every active controller but the silent one stores its first sample in the first round
         QTRY_VERIFY_WITH_TIMEOUT(countOf(QStringLiteral("SELECT COUNT(*) FROM Pomiary")) >= active - 1, 30000);
         QTRY_VERIFY_WITH_TIMEOUT(countOf(QStringLiteral("SELECT COUNT(*) FROM Alarmy WHERE Kod_Regul = 'HALA-B'")) == 1,
+                                 30000);
+        // the compressor house runs above its voltage threshold
+        QTRY_VERIFY_WITH_TIMEOUT(countOf(QStringLiteral("SELECT COUNT(*) FROM Alarmy WHERE Kod_Regul = 'SPREZARKI'")) == 1,
                                  30000);
         station.terminate();
         QVERIFY(station.waitForFinished(30000));

@@ -54,3 +54,10 @@ void scheduleScreenshot(const QStringList &args)
         QApplication::quit();
     });
 }
+
+void scheduleTrigger(const QStringList &args, const std::function<void(const QString &entry)> &trigger)
+{
+    const QString entry = optionValue(args, QStringLiteral("--trigger"));
+    if (!entry.isEmpty())
+        QTimer::singleShot(1000, qApp, [entry, trigger] { trigger(entry); });
+}

@@ -110,5 +110,6 @@ int main(int argc, char *argv[])
     QuitOnSignal quitOnSignal([&frame] { frame.unloadWithoutAsking(); });
     timers.start();
     scheduleScreenshot(app.arguments());
+    scheduleTrigger(app.arguments(), [&frame](const QString &entry) { frame.entry(entry)->trigger(); });
     return app.exec();
 }
