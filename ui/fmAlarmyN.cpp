@@ -38,7 +38,7 @@ fmAlarmyN::fmAlarmyN(ActiveAlarmList &alarms, Dialogs &dialogs, QWidget *parent)
     QFont small = font();
     small.setPointSizeF(7.5);
     setFont(small);
-    setWindowIcon(StationImages::alarmFlash());
+    setWindowIcon(StationImages::mainImages().image(QStringLiteral("blysk1")));
     m_list->setGeometry(twips::rect(0, 0, 8535, 1335));
     m_list->setRootIsDecorated(false);
     m_list->setHeaderLabels({QStringLiteral("Czas"), QStringLiteral("Regulator"), QStringLiteral("Tresc alarmu")});

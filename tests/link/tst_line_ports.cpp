@@ -1,3 +1,4 @@
+#include "CpuTime.h"
 #include "ErrorOf.h"
 #include "core/Clock.h"
 #include "core/RunTimeError.h"
@@ -22,13 +23,6 @@
 #include <unistd.h>
 
 namespace {
-std::int64_t cpuMs()
-{
-    timespec t{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &t);
-    return std::int64_t(t.tv_sec) * 1000 + t.tv_nsec / 1'000'000;
-}
-
 QByteArray allByteValues()
 {
     QByteArray b;

@@ -2,6 +2,7 @@
 // comes back on the same device name, on a pseudo-terminal behind a fixed
 // symlink and on a fixed TCP port. Readings fail meanwhile without a busy
 // wait, and succeed again once the device is back.
+#include "CpuTime.h"
 #include "RecordingDialogs.h"
 #include "RecordingWizual.h"
 #include "TestEnv.h"
@@ -23,13 +24,6 @@
 #include <ctime>
 
 namespace {
-
-std::int64_t cpuMs()
-{
-    timespec t{};
-    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &t);
-    return std::int64_t(t.tv_sec) * 1000 + t.tv_nsec / 1'000'000;
-}
 
 quint16 freeTcpPort()
 {
