@@ -9,8 +9,7 @@ namespace {
 
 void tellPortFailure(Dialogs &dialogs, const QString &description)
 {
-    dialogs.MsgBox(QStringLiteral("Błąd otwarcia portu szeregowego: ") + description + QStringLiteral("\r")
-                       + QStringLiteral("Proszę zmienić nr portu."),
+    dialogs.MsgBox(RunTimeError::portNotOpened(description).description() + QStringLiteral("\rProszę zmienić nr portu."),
                    Dialogs::Critical | Dialogs::OkOnly);
 }
 

@@ -87,10 +87,7 @@ void fmGlowny::prepareBars()
 
 QWidget *fmGlowny::showChild(QWidget *window)
 {
-    QMdiSubWindow *sub = nullptr;
-    for (QMdiSubWindow *s : m_area->subWindowList())
-        if (s->widget() == window)
-            sub = s;
+    auto *sub = qobject_cast<QMdiSubWindow *>(window->parentWidget());
     if (!sub) {
         const QRect wanted = window->geometry();
         sub = m_area->addSubWindow(window, window->windowFlags() & ~Qt::Window);
