@@ -6,13 +6,12 @@
 // The line is a TCP connection to a local server that never answers, the
 // way a gateway with no controller behind it behaves.
 
-#include "core/Clock.h"
-#include "core/Dialogs.h"
-#include "core/SettingsStore.h"
+#include "base/Clock.h"
+#include "base/Dialogs.h"
+#include "base/SettingsStore.h"
 #include "link/QtEventPump.h"
 #include "link/StationLine.h"
 #include "link/clComm.h"
-#include "model/colRegulatory.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -57,8 +56,7 @@ int main(int argc, char **argv)
     SystemClock clock;
     QtEventPump pump;
     NoDialogs dialogs;
-    colRegulatory regulatory;
-    clComm comm(line, clock, pump, dialogs, regulatory);
+    clComm comm(line, clock, pump, dialogs);
 
     const double cpuBefore = cpuMs();
     QElapsedTimer wall;

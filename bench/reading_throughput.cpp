@@ -8,8 +8,7 @@
 #include "RecordingWizual.h"
 #include "StationFixture.h"
 
-#include "core/Clock.h"
-#include "core/StartUp.h"
+#include "base/Clock.h"
 #include "link/QtEventPump.h"
 #include "link/StationLine.h"
 
@@ -85,12 +84,12 @@ int main(int argc, char **argv)
     StationLine serial(f.settings);
     CountingLine line(serial);
     QtEventPump pump;
-    Station station(StationServices{clock, f.settings, f.dialogs, f.splash, line, pump, f.wizual});
+    Station station(StationServices{clock, f.settings, f.dialogs, f.splash, line, pump, f.wizual, f.panels});
     int failures = 0;
     double wallMs = 0, cpu = 0;
     try {
         station.oApp.WczytajOpcje(f.settings);
-        StartUp(station);
+        station.StartUp();
         if (!line.open(station.oApp.nr_portu)) {
             out << "reading_throughput: " << pty << ": " << line.errorString() << Qt::endl;
             return 1;

@@ -5,7 +5,6 @@
 
 #include "StationFixture.h"
 
-#include "core/StartUp.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -31,7 +30,7 @@ int main(int argc, char **argv)
         f.addController(QStringLiteral("R1"), 1);
         Station &s = f.station();
         s.oApp.WczytajOpcje(f.settings);
-        StartUp(s);
+        s.StartUp();
         clRegulator &r = s.Regulatory.Item(1);
         ZDate when = ZDate::fromParts(2024, 1, 15, 8, 0, 0);
         for (int i = 0; i < samples; ++i) {

@@ -1,6 +1,6 @@
 #include "db/Database.h"
 
-#include "core/RunTimeError.h"
+#include "base/RunTimeError.h"
 
 #include <QAtomicInt>
 #include <QFileInfo>

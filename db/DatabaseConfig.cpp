@@ -1,7 +1,7 @@
 #include "db/DatabaseConfig.h"
 
-#include "core/RunTimeError.h"
-#include "core/SettingsStore.h"
+#include "base/RunTimeError.h"
+#include "base/SettingsStore.h"
 
 #include <QUrl>
 

@@ -1,6 +1,6 @@
 #include "db/RowSet.h"
 
-#include "core/RunTimeError.h"
+#include "base/RunTimeError.h"
 #include "db/Database.h"
 
 #include <QSqlQuery>

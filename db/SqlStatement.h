@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/ZDate.h"
+#include "base/ZDate.h"
 
 #include <QString>
 #include <QVariant>

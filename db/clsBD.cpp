@@ -1,7 +1,7 @@
 #include "db/clsBD.h"
 
-#include "core/Conversions.h"
-#include "core/RunTimeError.h"
+#include "base/Conversions.h"
+#include "base/RunTimeError.h"
 #include "db/Database.h"
 
 #include <QStringList>

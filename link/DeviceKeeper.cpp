@@ -1,6 +1,6 @@
 #include "link/DeviceKeeper.h"
 
-#include "core/Clock.h"
+#include "base/Clock.h"
 #include "link/IoDeviceLine.h"
 
 #include <QDebug>

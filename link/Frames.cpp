@@ -1,6 +1,6 @@
 #include "link/Frames.h"
 
-#include "core/Conversions.h"
+#include "base/Conversions.h"
 
 namespace frames {
 

@@ -1,13 +1,13 @@
 #include "link/Komunikator.h"
 
 #include "link/clComm.h"
-#include "ui/clsWizual.h"
+#include "base/clsWizual.h"
 
-bool Komunikator::WykonajRozkaz(std::int16_t NrRegul, QString &Polecenie, const ReplyBuffer &Bufor,
+bool Komunikator::WykonajRozkaz(std::int16_t adres, QString &Polecenie, const ReplyBuffer &Bufor,
                                 std::uint8_t &Parametr)
 {
     m_wizual.eKomunikacja(1);
-    const bool ok = m_comm.Rozkaz(NrRegul, Polecenie, Bufor, Parametr);
+    const bool ok = m_comm.Rozkaz(adres, Polecenie, Bufor, Parametr);
     m_wizual.eKomunikacja(ok ? 0 : 2);
     return ok;
 }

@@ -18,10 +18,10 @@ public:
     // the port's device name.
     bool TCP = false;
 
-    // Carries out command word Polecenie on controller NrRegul (see
+    // Carries out command word Polecenie on the controller at address adres (see
     // clComm::Rozkaz), announcing the transfer: 1 before it, 0 after
     // success, 2 after failure.
-    bool WykonajRozkaz(std::int16_t NrRegul, QString &Polecenie, const ReplyBuffer &Bufor, std::uint8_t &Parametr);
+    bool WykonajRozkaz(std::int16_t adres, QString &Polecenie, const ReplyBuffer &Bufor, std::uint8_t &Parametr);
 
 private:
     clComm &m_comm;

@@ -1,6 +1,6 @@
 #include "link/PortNames.h"
 
-#include "core/SettingsStore.h"
+#include "base/SettingsStore.h"
 
 namespace {
 QString systemPortName(std::uint8_t number)

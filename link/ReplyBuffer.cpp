@@ -1,7 +1,7 @@
 #include "link/ReplyBuffer.h"
 
-#include "core/Conversions.h"
-#include "core/RunTimeError.h"
+#include "base/Conversions.h"
+#include "base/RunTimeError.h"
 
 namespace {
 struct Store {

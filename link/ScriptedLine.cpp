@@ -1,6 +1,6 @@
 #include "link/ScriptedLine.h"
 
-#include "core/Clock.h"
+#include "base/Clock.h"
 
 void ScriptedLine::arriveAt(ZDate when, const QByteArray &bytes, std::int64_t spacingMs)
 {

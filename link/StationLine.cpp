@@ -1,6 +1,6 @@
 #include "link/StationLine.h"
 
-#include "core/RunTimeError.h"
+#include "base/RunTimeError.h"
 #include "link/PortNames.h"
 
 bool StationLine::open(std::uint8_t number)

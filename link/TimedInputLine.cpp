@@ -1,7 +1,7 @@
 #include "link/TimedInputLine.h"
 
-#include "core/Clock.h"
-#include "core/RunTimeError.h"
+#include "base/Clock.h"
+#include "base/RunTimeError.h"
 
 #include <algorithm>
 

@@ -1,12 +1,11 @@
 #include "link/clComm.h"
 
-#include "core/Clock.h"
-#include "core/Dialogs.h"
-#include "core/RunTimeError.h"
+#include "base/Clock.h"
+#include "base/Dialogs.h"
+#include "base/RunTimeError.h"
 #include "link/EventPump.h"
 #include "link/Frames.h"
 #include "link/LinePort.h"
-#include "model/colRegulatory.h"
 
 #include <iterator>
 
@@ -77,9 +76,8 @@ constexpr std::uint8_t Stuffed = 2; // a 2 in a reply travels twice
 
 }
 
-clComm::clComm(LinePort &line, const Clock &clock, EventPump &pump, Dialogs &dialogs,
-               const colRegulatory &regulatory)
-    : m_line(line), m_clock(clock), m_pump(pump), m_dialogs(dialogs), m_regulatory(regulatory)
+clComm::clComm(LinePort &line, const Clock &clock, EventPump &pump, Dialogs &dialogs)
+    : m_line(line), m_clock(clock), m_pump(pump), m_dialogs(dialogs)
 {
 }
 
@@ -147,23 +145,23 @@ void clComm::passEntryGuard()
             m_pump.processEvents(IdleSliceMs);
 }
 
-std::uint8_t clComm::addressOf(std::int16_t NrRegul) const
+std::uint8_t clComm::frameAddress(std::int16_t adres)
 {
-    const std::int16_t adres = m_regulatory.Item(NrRegul).adres;
     // a frame byte can't carry it
     if (adres < 0 || adres > 255)
         throw RunTimeError::invalidCall();
     return std::uint8_t(adres);
 }
 
-bool clComm::Rozkaz(std::int16_t NrRegul, QString &Polecenie, const ReplyBuffer &Bufor, std::uint8_t &Parametr)
+bool clComm::Rozkaz(std::int16_t adres, QString &Polecenie, const ReplyBuffer &Bufor, std::uint8_t &Parametr)
 {
     passEntryGuard();
     Zajety = true;
     bool Wynik = false;
     for (int Proba = 1; !Wynik && Proba <= 2; ++Proba) {
         Polecenie = Polecenie.toUpper();
-        const Outcome outcome = carryOut(Polecenie, addressOf(NrRegul), Bufor, Parametr);
+        // kept: an address no frame carries throws with Zajety left true
+        const Outcome outcome = carryOut(Polecenie, frameAddress(adres), Bufor, Parametr);
         if (outcome == Outcome::Abandoned)
             break;
         Wynik = outcome == Outcome::Done;

@@ -10,7 +10,6 @@ class Clock;
 class Dialogs;
 class EventPump;
 class LinePort;
-class colRegulatory;
 
 // The single gate to the controller line. It waits for replies by looking
 // at the input, letting the interface run and looking again, so the screen
@@ -18,7 +17,7 @@ class colRegulatory;
 // opened and closed by its owner, not here.
 class clComm {
 public:
-    clComm(LinePort &line, const Clock &clock, EventPump &pump, Dialogs &dialogs, const colRegulatory &regulatory);
+    clComm(LinePort &line, const Clock &clock, EventPump &pump, Dialogs &dialogs);
 
     std::uint8_t Port = 0; // kept, read by nothing: the port in force is clsoApp::nr_portu
     QString Stan;          // kept, read by nothing
@@ -43,13 +42,13 @@ private:
 
     enum class Outcome { Done, Failed, Abandoned };
 
-    // Carries out a command word on controller NrRegul, with a second try
+    // Carries out a command word on the controller at bus address adres, with a second try
     // when the first fails. The word comes back in upper case.
-    bool Rozkaz(std::int16_t NrRegul, QString &Polecenie, const ReplyBuffer &Bufor, std::uint8_t &Parametr);
+    bool Rozkaz(std::int16_t adres, QString &Polecenie, const ReplyBuffer &Bufor, std::uint8_t &Parametr);
     bool CzytajBlok32(const ReplyBuffer &Bufor);
 
     void passEntryGuard();
-    std::uint8_t addressOf(std::int16_t NrRegul) const;
+    static std::uint8_t frameAddress(std::int16_t adres);
     Outcome carryOut(const QString &word, std::uint8_t adres, const ReplyBuffer &Bufor, std::uint8_t Parametr);
     Outcome readLamps(std::uint8_t adres, const ReplyBuffer &Bufor);
 
@@ -57,5 +56,4 @@ private:
     const Clock &m_clock;
     EventPump &m_pump;
     Dialogs &m_dialogs;
-    const colRegulatory &m_regulatory;
 };

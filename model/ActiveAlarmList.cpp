@@ -1,10 +1,13 @@
 #include "model/ActiveAlarmList.h"
 
-#include "core/Conversions.h"
-#include "core/NumberForm.h"
-#include "core/RunTimeError.h"
-#include "core/Station.h"
-#include "ui/clsWizual.h"
+#include "base/Conversions.h"
+#include "base/NumberForm.h"
+#include "base/RunTimeError.h"
+#include "base/AlarmLog.h"
+#include "base/clsWizual.h"
+#include "model/ControllerContext.h"
+#include "model/clsoApp.h"
+#include "model/colRegulatory.h"
 
 namespace {
 
@@ -61,21 +64,21 @@ void ActiveAlarmList::NowyAlarm(ZDate Data, std::int16_t Id, std::int16_t Typ, c
     Row row;
     row.text = Data.toString(QStringLiteral("dd/MM/yyyy HH:mm:ss"));
     row.icon = iconOf(Typ);
-    const QString kod = m_station.Regulatory.Item(Id).Kod;
+    const QString kod = m_context.Regulatory.Item(Id).Kod;
     row.subItems = {QString(), kod, full, numberForm(Id), numberForm(Typ), text, QStringLiteral("A"), QStringLiteral("N"),
                     QString()};
     m_rows.push_back(row);
     const int index = rowCount();
     changed();
 
-    const std::int32_t key = m_station.oBD.ZapiszAlarm(Data, QStringLiteral("R"), full, kod, QString());
+    const std::int32_t key = m_context.oBD.ZapiszAlarm(Data, QStringLiteral("R"), full, kod, QString());
     at(index).subItems[8] = numberForm(key);
     paintNode(kod, true);
-    clsoApp &app = m_station.oApp;
+    clsoApp &app = m_context.oApp;
     app.IloscAktywnychAlarmow = conv::add16(app.IloscAktywnychAlarmow, 1);
     app.IloscNiePotwAlarmow = conv::add16(app.IloscNiePotwAlarmow, 1);
     changed();
-    m_station.oWizual.eZmianaAlarmow();
+    m_context.oWizual.eZmianaAlarmow();
 }
 
 void ActiveAlarmList::Potwierdz(int index)
@@ -83,27 +86,27 @@ void ActiveAlarmList::Potwierdz(int index)
     Row &r = at(index);
     if (r.subItems[7] != QLatin1String("N"))
         return;
-    clsoApp &app = m_station.oApp;
+    clsoApp &app = m_context.oApp;
     app.IloscNiePotwAlarmow = conv::sub16(app.IloscNiePotwAlarmow, 1);
     r.subItems[7] = QStringLiteral("T");
     r.bold = false;
     changed();
-    m_station.oBD.ModyfikujAlarm(conv::toInt32(r.subItems[8]), m_station.now().toVariant(), QVariant(), QString());
-    m_station.oWizual.eZmianaAlarmow();
+    m_context.oBD.ModyfikujAlarm(conv::toInt32(r.subItems[8]), m_context.now().toVariant(), QVariant(), QString());
+    m_context.oWizual.eZmianaAlarmow();
 }
 
 void ActiveAlarmList::DezaktywujAlarm(int index)
 {
     Row &r = at(index);
-    clsoApp &app = m_station.oApp;
+    clsoApp &app = m_context.oApp;
     app.IloscAktywnychAlarmow = conv::sub16(app.IloscAktywnychAlarmow, 1);
     r.subItems[6] = QStringLiteral("N");
     r.red = false;
     r.ghosted = true; // bold stays: an unconfirmed alarm remains bold
     changed();
-    m_station.oBD.ModyfikujAlarm(conv::toInt32(r.subItems[8]), QVariant(), m_station.now().toVariant(), QString());
+    m_context.oBD.ModyfikujAlarm(conv::toInt32(r.subItems[8]), QVariant(), m_context.now().toVariant(), QString());
     if (app.IloscAktywnychAlarmow == 0)
-        m_station.oWizual.eZmianaAlarmow();
+        m_context.oWizual.eZmianaAlarmow();
     // The node goes back to normal at the first end of any of the
     // controller's alarms, even while another of them is still active.
     paintNode(r.subItems[1], false);

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/ZDate.h"
+#include "base/ZDate.h"
 
 #include <QString>
 #include <array>
@@ -8,7 +8,7 @@
 #include <functional>
 #include <vector>
 
-class Station;
+struct ControllerContext;
 
 // The rows of the alarm window: every alarm raised since the start, and the
 // only memory of which are active. A row's sub-items 1 to 8 are its record:
@@ -25,7 +25,7 @@ public:
         bool ghosted = false;
     };
 
-    explicit ActiveAlarmList(Station &station) : m_station(station) {}
+    explicit ActiveAlarmList(ControllerContext &context) : m_context(context) {}
 
     // Adds a row for an alarm of controller Id unless one of that kind is
     // already active, stores it and counts it.
@@ -52,7 +52,7 @@ private:
     void paintNode(const QString &kod, bool alarm) const;
     void changed() const;
 
-    Station &m_station;
+    ControllerContext &m_context;
     std::vector<Row> m_rows;
     std::function<void(const QString &, bool)> m_paint;
     std::function<void()> m_changed;

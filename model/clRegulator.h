@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/ZDate.h"
+#include "base/ZDate.h"
 #include "model/clsStan.h"
 
 #include <QString>
@@ -8,7 +8,7 @@
 #include <cstdint>
 
 class ReplyBuffer;
-class Station;
+struct ControllerContext;
 
 // The in-memory image of one compensation controller on the line: its
 // configuration from Regulatory, the values of its last reading, the counters
@@ -17,7 +17,7 @@ class Station;
 // alarms, storage and control.
 class clRegulator {
 public:
-    explicit clRegulator(Station *station = nullptr) : m_station(station) {}
+    explicit clRegulator(ControllerContext *context = nullptr) : m_context(context) {}
 
     // configuration and identity
     QString Kod;
@@ -90,7 +90,7 @@ public:
 
     std::int16_t awarCzest = 0;      // minutes
 
-    Station *station() const { return m_station; }
+    ControllerContext *context() const { return m_context; }
 
     // tg fi where there is no active energy to divide by
     static constexpr float NoActiveEnergy = 9.999f;
@@ -131,8 +131,8 @@ private:
     void decodeBlock();
     bool readStageBytes(std::uint8_t &K1, std::uint8_t &K2);
     void checkLimits();
-    Station &ctx() const;
+    ControllerContext &ctx() const;
 
-    Station *m_station;
+    ControllerContext *m_context;
     QString m_aktywny = QStringLiteral("False");
 };

@@ -2,10 +2,11 @@
 // list of the alarm window.
 #include "model/clRegulator.h"
 
-#include "core/Conversions.h"
-#include "core/NumberForm.h"
-#include "core/Station.h"
-#include "ui/clsWizual.h"
+#include "base/Conversions.h"
+#include "base/NumberForm.h"
+#include "model/ControllerContext.h"
+#include "model/ActiveAlarmList.h"
+#include "base/clsWizual.h"
 
 namespace {
 

@@ -2,15 +2,17 @@
 // panel keys, and one capacitor stage under the discharge rule.
 #include "model/clRegulator.h"
 
-#include "core/Dialogs.h"
-#include "core/NumberForm.h"
-#include "core/Station.h"
+#include "base/Dialogs.h"
+#include "base/NumberForm.h"
+#include "model/ControllerContext.h"
+#include "base/AlarmLog.h"
+#include "model/PanelKeys.h"
 #include "link/ReplyBuffer.h"
-#include "ui/clsWizual.h"
+#include "base/clsWizual.h"
 
 bool clRegulator::BlokujRegul(bool Zablokuj)
 {
-    Station &s = ctx();
+    ControllerContext &s = ctx();
     s.oWizual.eBlokowanieRegul(Id, Zablokuj, true);
     std::uint8_t Bajt = 0;
     if (command("Czytaj_blok", Bajt)) {
@@ -36,7 +38,7 @@ bool clRegulator::BlokujRegul(bool Zablokuj)
 
 bool clRegulator::UstawRegulator()
 {
-    Station &s = ctx();
+    ControllerContext &s = ctx();
     std::uint8_t keys = 0;
     for (int i = PanelKeys::First; i <= PanelKeys::Last; ++i)
         if (s.panelKeys.value(i))
@@ -64,7 +66,7 @@ bool clRegulator::readStageBytes(std::uint8_t &K1, std::uint8_t &K2)
 
 bool clRegulator::UstawKondensator(std::uint8_t Nr, bool Zalacz)
 {
-    Station &s = ctx();
+    ControllerContext &s = ctx();
     auto hook = [&](bool stan) {
         if (Zalacz)
             s.oWizual.eZalaczanieBaterii(Id, stan);
@@ -94,7 +96,7 @@ bool clRegulator::UstawKondensator(std::uint8_t Nr, bool Zalacz)
             std::uint8_t Pozostalo = 0;
             if (command("Badaj_kond", Pozostalo, Nr)) {
                 if (Pozostalo != 0) {
-                    s.services.dialogs.MsgBox(QStringLiteral("Nie można załączyć kondensatora nr ") +
+                    s.dialogs.MsgBox(QStringLiteral("Nie można załączyć kondensatora nr ") +
                                                   QString::number(Nr + 1) + QStringLiteral(".\r") +
                                                   QStringLiteral("Nie upłynął jeszcze czas jego rozładowania.\r") +
                                                   QStringLiteral("Pozostało ") + numberForm(Pozostalo) +

@@ -2,23 +2,26 @@
 // scaled from them.
 #include "model/clRegulator.h"
 
-#include "core/Conversions.h"
-#include "core/Station.h"
-#include "core/clsFunkcje.h"
+#include "base/Conversions.h"
+#include "base/RunTimeError.h"
+#include "model/ControllerContext.h"
+#include "base/AlarmLog.h"
+#include "link/Komunikator.h"
+#include "base/clsFunkcje.h"
 #include "link/ReplyBuffer.h"
-#include "ui/clsWizual.h"
+#include "base/clsWizual.h"
 
 #include <cmath>
 
-Station &clRegulator::ctx() const
+ControllerContext &clRegulator::ctx() const
 {
-    return *m_station;
+    return *m_context;
 }
 
 bool clRegulator::command(const char *word, const ReplyBuffer &buffer, std::uint8_t parameter)
 {
     QString polecenie = QString::fromLatin1(word);
-    return ctx().oKomunikator.WykonajRozkaz(Id, polecenie, buffer, parameter);
+    return ctx().oKomunikator.WykonajRozkaz(adres, polecenie, buffer, parameter);
 }
 
 bool clRegulator::WczytajStanRegul(ZDate)

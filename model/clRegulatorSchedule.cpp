@@ -2,9 +2,10 @@
 // the zero date, or awarCzest minutes after a failure.
 #include "model/clRegulator.h"
 
-#include "core/Station.h"
+#include "base/RunTimeError.h"
+#include "model/ControllerContext.h"
 #include "link/ReplyBuffer.h"
-#include "ui/clsWizual.h"
+#include "base/clsWizual.h"
 
 #include <cmath>
 

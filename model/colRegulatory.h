@@ -3,13 +3,13 @@
 #include "model/KeyedCollection.h"
 #include "model/clRegulator.h"
 
-class Station;
+struct ControllerContext;
 
 // All controllers, in load order: reached by 1-based position (the Id) and by
 // Kod. Filled once at start and never changed while the station runs.
 class colRegulatory {
 public:
-    explicit colRegulatory(Station *station = nullptr) : m_station(station) {}
+    explicit colRegulatory(ControllerContext *context = nullptr) : m_context(context) {}
 
     // Creates the controller with its Kod and address, appended under sKey
     // (without a key when sKey is empty). A taken key is refused.
@@ -23,6 +23,6 @@ public:
     auto end() const { return m_items.end(); }
 
 private:
-    Station *m_station;
+    ControllerContext *m_context;
     KeyedCollection<clRegulator> m_items;
 };

@@ -1,6 +1,6 @@
 #include "ImageList.h"
 
-#include "core/RunTimeError.h"
+#include "base/RunTimeError.h"
 
 namespace {
 

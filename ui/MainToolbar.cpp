@@ -2,7 +2,7 @@
 
 #include "ImageList.h"
 
-#include "core/RunTimeError.h"
+#include "base/RunTimeError.h"
 
 MainToolbar::MainToolbar(const ImageList &images, QWidget *parent) : QToolBar(QStringLiteral("Toolbar"), parent)
 {

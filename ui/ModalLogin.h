@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/LoginPrompt.h"
+#include "base/LoginPrompt.h"
 
 class Dialogs;
 class QWidget;

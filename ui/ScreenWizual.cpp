@@ -5,10 +5,10 @@
 #include "fmGlowny.h"
 #include "fmRegulatory.h"
 
-#include "core/Conversions.h"
-#include "core/PollingTimers.h"
-#include "core/RunTimeError.h"
-#include "core/Station.h"
+#include "base/Conversions.h"
+#include "station/PollingTimers.h"
+#include "base/RunTimeError.h"
+#include "station/Station.h"
 #include "model/StatusPanels.h"
 
 namespace {
@@ -18,10 +18,9 @@ constexpr std::uint32_t Black = 0;
 
 }
 
-void ScreenWizual::bind(Station &station, PollingTimers &timers)
+void ScreenWizual::bind(Station &station)
 {
     m_station = &station;
-    m_timers = &timers;
 }
 
 Station &ScreenWizual::station() const
@@ -145,8 +144,7 @@ void ScreenWizual::eZmianaBaterii(std::int16_t Id, std::int16_t Nr)
 void ScreenWizual::eZmianaAlarmow()
 {
     const clsoApp &app = station().oApp;
-    if (m_timers)
-        m_timers->setAlarmTimers(app.IloscNiePotwAlarmow >= 1);
+    station().timers.setAlarmTimers(app.IloscNiePotwAlarmow >= 1);
     const bool any = app.IloscNiePotwAlarmow > 0 || app.IloscAktywnychAlarmow > 0;
     m_panels.setPicture(3, any ? StatusPanels::Picture::AlarmFlash : StatusPanels::Picture::None);
 }

@@ -1,10 +1,9 @@
 #pragma once
 
-#include "clsWizual.h"
+#include "base/clsWizual.h"
 
 #include <functional>
 
-class PollingTimers;
 class Station;
 class StatusPanels;
 class fmGlowny;
@@ -20,7 +19,7 @@ public:
     // The station is built on the hub, so it is bound afterwards, before
     // any event; the windows come later still, and until they exist the
     // events change only what does.
-    void bind(Station &station, PollingTimers &timers);
+    void bind(Station &station);
     void attach(fmGlowny *frame, fmRegulatory *tree);
     // How a wave file is played; nothing plays without it.
     void setPlayer(std::function<void(const QString &file)> play) { m_play = std::move(play); }
@@ -53,7 +52,6 @@ private:
 
     StatusPanels &m_panels;
     Station *m_station = nullptr;
-    PollingTimers *m_timers = nullptr;
     fmGlowny *m_frame = nullptr;
     fmRegulatory *m_tree = nullptr;
     std::function<void(const QString &)> m_play;

@@ -3,8 +3,8 @@
 #include "StationImages.h"
 #include "Twips.h"
 
-#include "core/Dialogs.h"
-#include "core/RunTimeError.h"
+#include "base/Dialogs.h"
+#include "base/RunTimeError.h"
 #include "model/ActiveAlarmList.h"
 
 #include <QGroupBox>

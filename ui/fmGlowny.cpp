@@ -6,23 +6,18 @@
 #include "StationImages.h"
 #include "frmOptions.h"
 
-#include "core/Dialogs.h"
-#include "core/PollingTimers.h"
-#include "core/PortOpening.h"
-#include "core/RunTimeError.h"
-#include "core/Shutdown.h"
-#include "core/Station.h"
+#include "base/Dialogs.h"
+#include "base/RunTimeError.h"
+#include "station/Station.h"
 #include "model/StatusPanels.h"
 
 #include <QCloseEvent>
-#include <QCoreApplication>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
 
-fmGlowny::fmGlowny(Station &station, StatusPanels &panels, PollingTimers &timers, LoginPrompt &login,
-                   QWidget *parent)
-    : QMainWindow(parent), m_station(station), m_panels(panels), m_timers(timers), m_login(login),
+fmGlowny::fmGlowny(Station &station, LoginPrompt &login, QWidget *parent)
+    : QMainWindow(parent), m_station(station), m_panels(station.services.panels), m_login(login),
       m_area(new QMdiArea(this))
 {
     setObjectName(QStringLiteral("fmGlowny"));
@@ -45,16 +40,8 @@ fmGlowny::fmGlowny(Station &station, StatusPanels &panels, PollingTimers &timers
 
 void fmGlowny::load()
 {
-    openPortWithOperatorHelp(m_station, [this] { askForPort(); });
-    // the port is open: nothing after it may stop the station from coming up
-    try {
-        prepareBars();
-        m_station.oApp.Znakdaty = QStringLiteral("#");
-        m_station.oFunkcje.setZnakdaty(m_station.oApp.Znakdaty);
-        m_station.oBD.ZapiszDoLoga(QStringLiteral("Start aplikacji"), QStringLiteral("N"), QStringLiteral("L"), QString());
-    } catch (const RunTimeError &e) {
-        qWarning("zorbel: %s", qPrintable(e.message()));
-    }
+    m_station.openLine([this] { askForPort(); });
+    prepareBars();
 }
 
 void fmGlowny::askForPort()
@@ -158,9 +145,5 @@ void fmGlowny::unloadWithoutAsking()
 
 void fmGlowny::unload()
 {
-    stopStation(m_station, m_timers);
-    if (m_endProcess)
-        m_endProcess();
-    else
-        QCoreApplication::exit(0);
+    m_station.end(0);
 }

@@ -10,7 +10,6 @@ class LoginPrompt;
 class MainStatusBar;
 class MainToolbar;
 class PanelView;
-class PollingTimers;
 class QMdiArea;
 class QMenu;
 class Station;
@@ -22,16 +21,13 @@ class StatusPanels;
 // a controller.
 class fmGlowny final : public QMainWindow {
 public:
-    fmGlowny(Station &station, StatusPanels &panels, PollingTimers &timers, LoginPrompt &login,
-             QWidget *parent = nullptr);
+    fmGlowny(Station &station, LoginPrompt &login, QWidget *parent = nullptr);
 
-    // Ends the process once the station is closed; the default quits the event loop.
-    void setEndProcess(std::function<void()> endProcess) { m_endProcess = std::move(endProcess); }
-
-    // The load: opens the port with the operator's help, prepares the bars,
-    // sets the date sign and logs the start.
+    // The load: the station opens its port with the operator's help (this
+    // window offers the options), then the bars are prepared.
     void load();
-    // Closes the station without asking (a signal from the system).
+    // Closes the station without asking (a signal from the system, the
+    // end of a screenshot run).
     void unloadWithoutAsking();
 
     // Menu entries and menus by name; an unknown name is a run-time error.
@@ -75,14 +71,9 @@ private:
     void unloadWindow(const QString &name);
     void unload();
 
-    void switchStage();
-    void deleteController();
-
     Station &m_station;
     StatusPanels &m_panels;
-    PollingTimers &m_timers;
     LoginPrompt &m_login;
-    std::function<void()> m_endProcess;
     QMdiArea *m_area;
     MainToolbar *m_toolbar;
     MainStatusBar *m_statusBar;

@@ -6,11 +6,11 @@
 #include "frmOptions.h"
 #include "frmSplash.h"
 
-#include "core/Dialogs.h"
-#include "core/RunTimeError.h"
-#include "core/NumberForm.h"
-#include "core/Station.h"
-#include "link/clsPozKolejki.h"
+#include "base/Dialogs.h"
+#include "base/RunTimeError.h"
+#include "base/NumberForm.h"
+#include "station/Station.h"
+#include "station/clsPozKolejki.h"
 
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -63,7 +63,7 @@ void fmGlowny::buildMenus()
     entry(QStringLiteral("mnuRegulPanel"))->setVisible(false);
     entry(QStringLiteral("mnureguldane"))->setVisible(false);
     QMenu *stopien = addMenu(regul, "mnuRegulBat", "&Stopień");
-    addEntry(stopien, "mnuRegulBatZal", "&Załącz stopień", [this] { switchStage(); });
+    addEntry(stopien, "mnuRegulBatZal", "&Załącz stopień", [this] { m_station.switchSelectedStage(); });
     addEntry(stopien, "mnuRegulBatTestuj", "&Testuj stopień", {}); // enabled in control mode, does nothing
     addEntry(regul, "mnunic2", "-", {});
     addEntry(regul, "mnuRegRapDob", "&Raport z akt. doby",
@@ -80,7 +80,7 @@ void fmGlowny::buildMenus()
     addEntry(regul, "mnunic", "-", {});
     addEntry(regul, "mnuRegulEdytuj", "edytuj",
              [this] { showWindow(QStringLiteral("frmRegulatory"), QStringLiteral("Regulator")); });
-    addEntry(regul, "mnuRegulUsun", "usuń", [this] { deleteController(); });
+    addEntry(regul, "mnuRegulUsun", "usuń", [this] { m_station.deleteSelectedController(); });
     for (const char *name : {"mnuRegulBatZal", "mnuRegulBatTestuj", "mnuRegulZablok"})
         entry(QString::fromLatin1(name))->setEnabled(false);
 
@@ -193,40 +193,6 @@ void fmGlowny::UstawMonitoring(bool wlacz)
 {
     entry(QStringLiteral("mnuregulmonit"))->setChecked(wlacz);
     m_toolbar->setValue(QStringLiteral("Monit"), wlacz ? 1 : 0);
-    clRegulator &r = m_station.Regulatory.Item(m_station.oApp.NrAktRegulatora);
-    r.Monitoring = wlacz;
-    m_station.oBD.ZapiszDoLoga(wlacz ? QStringLiteral("Włączono monitoring") : QStringLiteral("Wyłączono monitoring"),
-                               QStringLiteral("N"), QStringLiteral("M"), r.Kod);
+    m_station.setMonitoring(wlacz);
 }
 
-void fmGlowny::switchStage()
-{
-    clRegulator &r = m_station.Regulatory.Item(m_station.oApp.NrAktRegulatora);
-    if (r.NrAktBaterii == 0) {
-        m_station.services.dialogs.MsgBox(QStringLiteral("Proszę najpierw zaznaczyć stopień!"),
-                                          Dialogs::Exclamation | Dialogs::OkOnly, QStringLiteral("Zorbel"));
-        return;
-    }
-    const auto nr = std::uint8_t(r.NrAktBaterii - 1);
-    // always the opposite of what the lamp shows now
-    const StageSwitch change{nr, !r.SprawdzStanDiody(nr)};
-    m_station.Kolejka.Add(m_station.oApp.NrAktRegulatora, QStringLiteral("UstawKondensator"),
-                          QVariant::fromValue(change), 0, QString());
-}
-
-void fmGlowny::deleteController()
-{
-    Dialogs &dialogs = m_station.services.dialogs;
-    if (dialogs.MsgBox(QStringLiteral("Czy napewno usunąć wybrany regulator z systemu Zorbel?"),
-                       Dialogs::OkCancel | Dialogs::Question, QStringLiteral("UWAGA"))
-        != Dialogs::Ok)
-        return;
-    const clRegulator &r = m_station.Regulatory.Item(m_station.oApp.NrAktRegulatora);
-    RowSet &rows = *m_station.rsRegulatory;
-    rows.MoveFirst();
-    rows.Find(QStringLiteral("Adres=") + numberForm(r.adres));
-    rows.Delete();
-    // the controller goes on being polled until the next start
-    dialogs.MsgBox(QStringLiteral("Nowe ustawienia zostaną uwzględnione po ponownym uruchomieniu programu Zorbel."),
-                   Dialogs::Information, QStringLiteral("Uwaga"));
-}

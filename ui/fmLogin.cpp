@@ -2,8 +2,8 @@
 
 #include "FormControls.h"
 
-#include "core/Dialogs.h"
-#include "core/clsoApp.h"
+#include "base/Dialogs.h"
+#include "model/clsoApp.h"
 
 #include <QDialogButtonBox>
 #include <QGridLayout>
@@ -11,11 +11,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-
-namespace {
-// the one user of the system; there is no table of users
-const QString UserName = QStringLiteral("kastor");
-}
 
 fmLogin::fmLogin(clsoApp &app, Dialogs &dialogs, QWidget *parent)
     : QDialog(parent), m_app(app), m_dialogs(dialogs), txtUserName(new QLineEdit(this)),
@@ -52,7 +47,7 @@ void fmLogin::keyPressEvent(QKeyEvent *event)
 
 void fmLogin::login()
 {
-    if (txtPassword->text() == m_app.AdmHaslo && txtUserName->text() == UserName) {
+    if (m_app.SprawdzLogin(txtUserName->text(), txtPassword->text())) {
         m_app.setParametrGlob(true);
         accept();
         return;

@@ -3,10 +3,10 @@
 #include "StationImages.h"
 #include "Twips.h"
 
-#include "core/Dialogs.h"
-#include "core/RunTimeError.h"
-#include "core/Station.h"
-#include "ui/clsWizual.h"
+#include "base/Dialogs.h"
+#include "base/RunTimeError.h"
+#include "station/Station.h"
+#include "base/clsWizual.h"
 
 #include <QCloseEvent>
 #include <QMouseEvent>

@@ -5,7 +5,7 @@
 #include "SystemInfoProgram.h"
 #include "ZorbelLogo.h"
 
-#include "core/Dialogs.h"
+#include "base/Dialogs.h"
 
 #include <QFrame>
 #include <QGridLayout>

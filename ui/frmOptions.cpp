@@ -3,8 +3,8 @@
 #include "FormControls.h"
 #include "Twips.h"
 
-#include "core/SettingsStore.h"
-#include "core/clsoApp.h"
+#include "base/SettingsStore.h"
+#include "model/clsoApp.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -138,9 +138,7 @@ void frmOptions::apply()
 {
     // The object's password is saved before the box's text becomes it: a new
     // password is in force at once, but reaches the store only at the next apply.
-    m_store.setValue(QStringLiteral("port"), QStringLiteral("nr_portu"), cmbPort->currentText());
-    m_store.setValue(QStringLiteral("adm_haslo"), QStringLiteral("wartosc"), m_app.AdmHaslo);
-    m_store.setValue(QStringLiteral("dzwieki"), QStringLiteral("wartosc"), checkValue(chkDzwieki));
+    m_app.ZapiszOpcje(m_store, cmbPort->currentText(), checkValue(chkDzwieki));
     m_app.Dzwieki = chkDzwieki->isChecked() ? 1 : 0;
     m_app.AdmHaslo = txtHaslo->text();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/SplashView.h"
+#include "base/SplashView.h"
 
 #include <QDialog>
 

@@ -1,6 +1,6 @@
 #include "ControllerSources.h"
 
-#include "core/RunTimeError.h"
+#include "base/RunTimeError.h"
 #include "db/Database.h"
 
 #include <QFile>

@@ -1,6 +1,6 @@
 #include "SimulatedLine.h"
 
-#include "core/Clock.h"
+#include "base/Clock.h"
 #include "simcore/LineTiming.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 #include "ErrorOf.h"
-#include "core/RunTimeError.h"
-#include "core/clsFunkcje.h"
+#include "base/RunTimeError.h"
+#include "base/clsFunkcje.h"
 
 #include <QTest>
 

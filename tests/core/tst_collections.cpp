@@ -1,5 +1,5 @@
 #include "ErrorOf.h"
-#include "core/RunTimeError.h"
+#include "base/RunTimeError.h"
 #include "model/colMierniki.h"
 #include "model/colRegulatory.h"
 

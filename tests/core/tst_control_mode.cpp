@@ -1,7 +1,7 @@
 #include "RecordingWizual.h"
 
-#include "core/LoginPrompt.h"
-#include "core/clsoApp.h"
+#include "base/LoginPrompt.h"
+#include "model/clsoApp.h"
 
 #include <QTest>
 #include <functional>

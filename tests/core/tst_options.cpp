@@ -1,9 +1,9 @@
 #include "ErrorOf.h"
 #include "TestEnv.h"
 
-#include "core/RunTimeError.h"
-#include "core/SettingsStore.h"
-#include "core/clsoApp.h"
+#include "base/RunTimeError.h"
+#include "base/SettingsStore.h"
+#include "model/clsoApp.h"
 
 #include <QDir>
 #include <QFile>

@@ -2,11 +2,9 @@
 #include "StationFixture.h"
 #include "TestEnv.h"
 
-#include "core/PollingTimers.h"
-#include "core/PortOpening.h"
-#include "core/RunTimeError.h"
-#include "core/Shutdown.h"
-#include "core/StartUp.h"
+#include "station/PollingTimers.h"
+#include "station/PortOpening.h"
+#include "base/RunTimeError.h"
 #include "model/StatusPanels.h"
 
 #include <QSqlQuery>
@@ -91,13 +89,12 @@ private slots:
         f.createDatabase();
         f.addController(QStringLiteral("T1"), 1);
         Station &s = f.station();
-        StartUp(s);
+        s.StartUp();
         openPortWithOperatorHelp(s, [] { QFAIL("the port opens at once"); });
-        StatusPanels panels;
-        PollingTimers timers(s, panels);
-        timers.start();
+        PollingTimers &timers = s.timers;
+        s.startPolling();
 
-        stopStation(s, timers);
+        s.stop();
         QVERIFY(!timers.Timer1.isActive());
         QVERIFY(!f.line.isOpen());
         QVERIFY(!s.rsPomiary->isOpen() && !s.rsRegulatory->isOpen() && !s.rsOstPomiar->isOpen());

@@ -1,9 +1,9 @@
 #include "ErrorOf.h"
-#include "core/Conversions.h"
-#include "core/NumberForm.h"
-#include "core/RunTimeError.h"
-#include "core/ZDate.h"
-#include "core/BitMasks.h"
+#include "base/Conversions.h"
+#include "base/NumberForm.h"
+#include "base/RunTimeError.h"
+#include "base/ZDate.h"
+#include "base/BitMasks.h"
 
 #include <QTest>
 #include <functional>

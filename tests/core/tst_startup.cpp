@@ -1,8 +1,7 @@
 #include "StationFixture.h"
 #include "TestEnv.h"
 
-#include "core/RunTimeError.h"
-#include "core/StartUp.h"
+#include "base/RunTimeError.h"
 
 #include <QTest>
 
@@ -10,7 +9,7 @@
 static RunTimeError startFails(StationFixture &f)
 {
     try {
-        StartUp(f.station());
+        f.station().StartUp();
     } catch (const RunTimeError &e) {
         return e;
     }
@@ -30,7 +29,7 @@ private slots:
         f.addController(QStringLiteral("CAPS"), 3, {{"Typ", "Regulator"}});
         f.addController(QStringLiteral("PAD"), 4, {{"Typ", "regulator "}});
         f.addController(QStringLiteral("METER"), 5, {{"Typ", "miernik"}});
-        StartUp(f.station());
+        f.station().StartUp();
 
         Station &s = f.station();
         QCOMPARE(s.oApp.IloscRegulatorow, std::int16_t(2));
@@ -52,7 +51,7 @@ private slots:
                          {"ProgTgFi", 0.4}, {"aktywny", "tak"}, {"awarCzest", 5}});
         f.addController(QStringLiteral("T2"), 8, {{"NapieciePomiar", 500}, {"aktywny", "Tak"}});
         f.addController(QStringLiteral("T3"), 9, {{"NapieciePomiar", 230}});
-        StartUp(f.station());
+        f.station().StartUp();
 
         const clRegulator &t1 = f.station().Regulatory.Item(QStringLiteral("T1"));
         QCOMPARE(t1.adres, std::int16_t(7));
@@ -76,7 +75,7 @@ private slots:
         f.addController(QStringLiteral("B"), 2);
         const ZDate when = ZDate::fromParts(2026, 11, 20, 14, 15, 0);
         f.addLastSample(2, 1234.5f, 77.25f, 3.5f, 86400, when);
-        StartUp(f.station());
+        f.station().StartUp();
 
         const clRegulator &b = f.station().Regulatory.Item(QStringLiteral("B"));
         QCOMPARE(b.PopPradCzynny, 1234.5f);

@@ -2,7 +2,7 @@
 #include "TestDatabases.h"
 #include "TestEnv.h"
 
-#include "core/RunTimeError.h"
+#include "base/RunTimeError.h"
 #include "db/Database.h"
 #include "db/Schema.h"
 #include "db/clsBD.h"

@@ -1,7 +1,7 @@
 #include "TestDatabases.h"
 #include "TestEnv.h"
 
-#include "core/RunTimeError.h"
+#include "base/RunTimeError.h"
 #include "db/Database.h"
 #include "db/RowSet.h"
 #include "db/Schema.h"

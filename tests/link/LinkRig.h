@@ -25,17 +25,15 @@ inline QByteArray bytes(std::initializer_list<int> values)
 struct LinkRig {
     explicit LinkRig(std::initializer_list<int> addresses = {5})
     {
-        for (int a : addresses) {
-            const QString kod = QStringLiteral("R%1").arg(regulatory.Count() + 1);
-            regulatory.Add(std::int16_t(a), kod, kod);
-        }
+        for (int a : addresses)
+            this->addresses.push_back(std::int16_t(a));
     }
 
     // A command as the logic gives it, through Komunikator.
     bool run(std::int16_t id, const QString &word, const ReplyBuffer &reply, std::uint8_t parametr = 0)
     {
         QString w = word;
-        return komunikator.WykonajRozkaz(id, w, reply, parametr);
+        return komunikator.WykonajRozkaz(addresses.at(std::size_t(id - 1)), w, reply, parametr);
     }
 
     std::int64_t elapsedMs() const { return clock.now().msecs() - started.msecs(); }
@@ -45,8 +43,8 @@ struct LinkRig {
     ScriptedLine line{clock};
     FakeEventPump pump{clock, line};
     RecordingDialogs dialogs;
-    colRegulatory regulatory;
-    clComm comm{line, clock, pump, dialogs, regulatory};
+    std::vector<std::int16_t> addresses; // by Id from 1
+    clComm comm{line, clock, pump, dialogs};
     RecordingWizual wizual;
     Komunikator komunikator{comm, wizual};
 };

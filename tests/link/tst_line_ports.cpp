@@ -1,8 +1,8 @@
 #include "CpuTime.h"
 #include "ErrorOf.h"
-#include "core/Clock.h"
-#include "core/RunTimeError.h"
-#include "core/SettingsStore.h"
+#include "base/Clock.h"
+#include "base/RunTimeError.h"
+#include "base/SettingsStore.h"
 #include "link/Komunikator.h"
 #include "link/PortNames.h"
 #include "link/QtEventPump.h"
@@ -181,9 +181,7 @@ private slots:
         SystemClock clock;
         QtEventPump pump;
         RecordingDialogs dialogs;
-        colRegulatory regulatory;
-        regulatory.Add(5, QStringLiteral("R1"), QStringLiteral("R1"));
-        clComm comm(line, clock, pump, dialogs, regulatory);
+        clComm comm(line, clock, pump, dialogs);
         RecordingWizual wizual;
         Komunikator komunikator(comm, wizual);
         connect(&peer.server, &QTcpServer::newConnection, this, [&] {
@@ -199,7 +197,7 @@ private slots:
         std::uint8_t p = 0;
         QElapsedTimer wall;
         wall.start();
-        QVERIFY(komunikator.WykonajRozkaz(1, word, reply, p));
+        QVERIFY(komunikator.WykonajRozkaz(5, word, reply, p));
         QCOMPARE(reply.toInt(), 2);
         QVERIFY(wall.elapsed() < 1000);
     }
@@ -212,8 +210,7 @@ private slots:
         SystemClock clock;
         QtEventPump pump;
         RecordingDialogs dialogs;
-        colRegulatory regulatory;
-        clComm comm(line, clock, pump, dialogs, regulatory);
+        clComm comm(line, clock, pump, dialogs);
         QElapsedTimer wall;
         wall.start();
         const std::int64_t cpuBefore = cpuMs();

@@ -7,8 +7,8 @@
 #include "RecordingWizual.h"
 #include "TestEnv.h"
 
-#include "core/Clock.h"
-#include "core/SettingsStore.h"
+#include "base/Clock.h"
+#include "base/SettingsStore.h"
 #include "link/Komunikator.h"
 #include "link/QtEventPump.h"
 #include "link/StationLine.h"
@@ -71,21 +71,19 @@ private:
 struct StationSide {
     explicit StationSide(const SettingsStore &settings) : line(settings, clock)
     {
-        regulatory.Add(5, QStringLiteral("R5"), QStringLiteral("R5"));
     }
     bool read()
     {
         QString word = QStringLiteral("Czytaj_Kond1");
         std::uint8_t stages = 0, unused = 0;
-        return komunikator.WykonajRozkaz(1, word, stages, unused);
+        return komunikator.WykonajRozkaz(5, word, stages, unused);
     }
 
     SystemClock clock;
     StationLine line;
     QtEventPump pump;
     RecordingDialogs dialogs;
-    colRegulatory regulatory;
-    clComm comm{line, clock, pump, dialogs, regulatory};
+    clComm comm{line, clock, pump, dialogs};
     RecordingWizual wizual;
     Komunikator komunikator{comm, wizual};
 };

@@ -5,8 +5,8 @@
 #include "RecordingWizual.h"
 #include "TestEnv.h"
 
-#include "core/Clock.h"
-#include "core/SettingsStore.h"
+#include "base/Clock.h"
+#include "base/SettingsStore.h"
 #include "link/Komunikator.h"
 #include "link/QtEventPump.h"
 #include "link/StationLine.h"
@@ -20,7 +20,8 @@
 namespace {
 
 // Ids of the controllers, in the order they are added below.
-enum : std::int16_t { Hall = 1, Stuffed = 2, Silent = 3 };
+// bus addresses of the simulated controllers
+enum : std::int16_t { Hall = 5, Stuffed = 2, Silent = 6 };
 
 class LinkVsSimTest : public QObject {
     Q_OBJECT
@@ -31,7 +32,6 @@ class LinkVsSimTest : public QObject {
     QtEventPump m_pump;
     RecordingDialogs m_dialogs;
     RecordingWizual m_wizual;
-    colRegulatory m_regulatory;
     std::unique_ptr<StationLine> m_line;
     std::unique_ptr<clComm> m_comm;
     std::unique_ptr<Komunikator> m_kom;
@@ -59,11 +59,8 @@ private slots:
         m_settings.setValue(QStringLiteral("porty"), QStringLiteral("1"), pty);
         m_line = std::make_unique<StationLine>(m_settings);
         QVERIFY2(m_line->open(1), qPrintable(m_line->errorString()));
-        m_comm = std::make_unique<clComm>(*m_line, m_clock, m_pump, m_dialogs, m_regulatory);
+        m_comm = std::make_unique<clComm>(*m_line, m_clock, m_pump, m_dialogs);
         m_kom = std::make_unique<Komunikator>(*m_comm, m_wizual);
-        m_regulatory.Add(5, QStringLiteral("HALA"), QStringLiteral("HALA"));
-        m_regulatory.Add(2, QStringLiteral("DWA"), QStringLiteral("DWA"));
-        m_regulatory.Add(6, QStringLiteral("CISZA"), QStringLiteral("CISZA"));
     }
 
     void cleanupTestCase()

@@ -1,7 +1,7 @@
 #include "ErrorOf.h"
 #include "LinkRig.h"
 
-#include "core/RunTimeError.h"
+#include "base/RunTimeError.h"
 
 #include <QTest>
 #include <array>
@@ -99,7 +99,7 @@ private slots:
         QString word = QStringLiteral("czYTaj_dioDY");
         Lamps lamps{};
         std::uint8_t p = 0;
-        rig.komunikator.WykonajRozkaz(1, word, lamps, p);
+        rig.komunikator.WykonajRozkaz(5, word, lamps, p);
         QCOMPARE(word, QStringLiteral("CZYTAJ_DIODY"));
         LinkRig upper;
         upper.run(1, "CZYTAJ_DIODY", lamps);
@@ -229,7 +229,7 @@ private slots:
         QString word = QStringLiteral("Zrob_cos");
         QVariant reply;
         std::uint8_t p = 0;
-        QVERIFY(!rig.komunikator.WykonajRozkaz(1, word, reply, p));
+        QVERIFY(!rig.komunikator.WykonajRozkaz(5, word, reply, p));
         QCOMPARE(rig.dialogs.calls.size(), 2);
         for (const auto &call : rig.dialogs.calls) {
             QCOMPARE(call.prompt, QStringLiteral("Nieznany rozkaz: 'ZROB_COS'"));
@@ -240,11 +240,11 @@ private slots:
         QCOMPARE(rig.wizual.argsOf("eKomunikacja"), failed);
     }
 
-    void unknownControllerIsARunTimeErrorThatLeavesTheLinkBusy()
+    void addressNoFrameCarriesIsARunTimeErrorThatLeavesTheLinkBusy()
     {
-        LinkRig rig;
+        LinkRig rig({300});
         QVariant reply;
-        QVERIFY_THROWS_EXCEPTION(RunTimeError, rig.run(2, "daj_dane", reply));
+        QVERIFY_THROWS_EXCEPTION(RunTimeError, rig.run(1, "daj_dane", reply));
         QVERIFY(rig.comm.Zajety);
         QVERIFY(rig.line.sent.isEmpty());
     }

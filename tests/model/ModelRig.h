@@ -6,7 +6,6 @@
 #include "StationFixture.h"
 #include "TestEnv.h"
 
-#include "core/StartUp.h"
 #include "db/SqlStatement.h"
 
 #include <QByteArray>
@@ -104,7 +103,7 @@ struct Rig {
         int adres = 5;
         for (const auto &[kod, overrides] : controllers)
             f.addController(kod, overrides.value(QStringLiteral("Adres"), adres++).toInt(), overrides);
-        StartUp(f.station());
+        f.station().StartUp();
     }
 
     Station &s() { return f.station(); }

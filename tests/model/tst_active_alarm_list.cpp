@@ -1,8 +1,8 @@
 #include "ErrorOf.h"
 #include "ModelRig.h"
 
-#include "core/NumberForm.h"
-#include "core/RunTimeError.h"
+#include "base/NumberForm.h"
+#include "base/RunTimeError.h"
 
 #include <QTest>
 

@@ -1,7 +1,7 @@
 #include "ErrorOf.h"
 #include "ModelRig.h"
 
-#include "core/RunTimeError.h"
+#include "base/RunTimeError.h"
 
 #include <QTest>
 #include <cmath>

@@ -153,7 +153,7 @@ private slots:
         f.addController(QStringLiteral("R2"), 6);
         f.addLastSample(5, 1000, 400, -50, 77, T1);
         f.addLastSample(6, 9, 8, -7, 6, T1);
-        StartUp(f.station());
+        f.station().StartUp();
         clRegulator &r = f.station().Regulatory.Item(1);
 
         reading(r, 1100, 440, -60, T2, 99);

@@ -1,6 +1,6 @@
 #include "SimStationRig.h"
 
-#include "core/RunTimeError.h"
+#include "base/RunTimeError.h"
 
 #include <QTest>
 
@@ -57,7 +57,7 @@ private slots:
         SimStationRig rig;
         rig.addController(QStringLiteral("A"), 1);
         rig.station.start();
-        PollingTimers &t = *rig.station.timers;
+        PollingTimers &t = rig.station.timers();
         t.start();
         int seenDuring = 0;
         bool activeDuring = true;
@@ -79,7 +79,7 @@ private slots:
         SimStationRig rig;
         rig.addController(QStringLiteral("A"), 1, {{"CzestOdczytu", 0}});
         rig.station.start();
-        PollingTimers &t = *rig.station.timers;
+        PollingTimers &t = rig.station.timers();
         t.start();
         QVERIFY_THROWS_EXCEPTION(RunTimeError, t.Timer1Tick());
         QVERIFY(!t.Timer1.isActive());
@@ -94,12 +94,12 @@ private slots:
         rig.station.start();
         QString during;
         rig.station.pump.afterMs(2000, [&] { during = rig.station.panels.text(6); });
-        rig.station.timers->Timer1Tick();
+        rig.station.timers().Timer1Tick();
         QCOMPARE(during, QStringLiteral("15:04:05")); // 24-hour, while the clock is past 15:04:07
         QCOMPARE(rig.station.panels.text(6), QStringLiteral("15:04:05"));
-        QCOMPARE(rig.station.timers->CzasTicka, at(15, 4, 5, 900));
+        QCOMPARE(rig.station.timers().CzasTicka, at(15, 4, 5, 900));
         rig.station.clock.set(at(15, 9, 0));
-        rig.station.timers->Timer1Tick(); // not due: an idle tick
+        rig.station.timers().Timer1Tick(); // not due: an idle tick
         QCOMPARE(rig.station.panels.text(6), QStringLiteral("15:09:00"));
     }
 
@@ -122,7 +122,7 @@ private slots:
         });
         rig.station.runTicks(1);
 
-        const ZDate czas = rig.station.timers->CzasTicka;
+        const ZDate czas = rig.station.timers().CzasTicka;
         QCOMPARE(czas, at(8, 6, 40));
         const QList<int> sent = rig.addressesSent();
         QVERIFY(sent.contains(1) && sent.contains(2) && sent.contains(3));
@@ -205,7 +205,7 @@ private slots:
     {
         SimStationRig rig;
         rig.station.start();
-        PollingTimers &t = *rig.station.timers;
+        PollingTimers &t = rig.station.timers();
         QVERIFY(t.Timer3.isActive()); // on from the start
         QVERIFY(!t.Timer2.isActive());
         QCOMPARE(t.Timer2.interval(), 1000);

@@ -1,6 +1,6 @@
 #include "SimStationRig.h"
 
-#include "core/RunTimeError.h"
+#include "base/RunTimeError.h"
 
 #include <QTest>
 

@@ -1,7 +1,7 @@
 #include "ErrorOf.h"
 #include "SimStationRig.h"
 
-#include "core/RunTimeError.h"
+#include "base/RunTimeError.h"
 
 #include <QTest>
 

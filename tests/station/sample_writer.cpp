@@ -3,7 +3,6 @@
 // The kill test ends it at random moments; it never ends by itself.
 #include "StationFixture.h"
 
-#include "core/StartUp.h"
 
 #include <QCoreApplication>
 #include <cstdio>
@@ -13,7 +12,7 @@ int main(int argc, char *argv[])
     QCoreApplication app(argc, argv);
     StationFixture f(QStringLiteral("zorbel.db"));
     Station &s = f.station();
-    StartUp(s);
+    s.StartUp();
     clRegulator &r = s.Regulatory.Item(1);
     std::printf("ready\n");
     std::fflush(stdout);

@@ -1,26 +1,21 @@
 #include "HeadlessStation.h"
 
-#include "core/RunTimeError.h"
-#include "core/StartUp.h"
+#include "base/RunTimeError.h"
 
 #include <QSqlRecord>
 
 void HeadlessStation::start()
 {
     Station &s = station();
-    s.oApp.WczytajOpcje(settings);
-    StartUp(s);
-    s.oApp.Znakdaty = QStringLiteral("#");
-    s.oFunkcje.setZnakdaty(s.oApp.Znakdaty);
-    if (!port().open(s.oApp.nr_portu))
-        throw RunTimeError::portNotOpened(port().errorString());
-    timers = std::make_unique<PollingTimers>(s, panels);
+    s.StartUp();
+    // no operator to ask: a port that will not open ends the start
+    s.openLine([this] { throw RunTimeError::portNotOpened(port().errorString()); });
 }
 
 void HeadlessStation::runTicks(int n)
 {
     for (int i = 0; i < n; ++i) {
-        timers->Timer1Tick();
+        timers().Timer1Tick();
         clock.advanceMs(TickPeriodMs);
     }
 }

@@ -2,11 +2,10 @@
 
 #include "StationFixture.h"
 
-#include "core/PollingTimers.h"
+#include "station/PollingTimers.h"
 #include "model/StatusPanels.h"
 
 #include <QVariantMap>
-#include <memory>
 
 // A whole station without a screen, for tests and benches: the database
 // file and its controllers as in StationFixture, a line (the scripted one,
@@ -30,6 +29,5 @@ public:
     QList<QVariantMap> rows(const QString &sql);
     int count(const QString &table, const QString &where = {});
 
-    StatusPanels panels;
-    std::unique_ptr<PollingTimers> timers;
+    PollingTimers &timers() { return station().timers; }
 };

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/Dialogs.h"
+#include "base/Dialogs.h"
 
 #include <QList>
 #include <QStringList>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/clsWizual.h"
+#include "base/clsWizual.h"
 
 #include <QList>
 #include <QString>

@@ -74,6 +74,6 @@ void StationFixture::attachWizual(clsWizual &hub)
 Station &StationFixture::station()
 {
     if (!m_station)
-        m_station = std::make_unique<Station>(StationServices{clock, settings, dialogs, splash, *m_port, pump, *m_wizual});
+        m_station = std::make_unique<Station>(StationServices{clock, settings, dialogs, splash, *m_port, pump, *m_wizual, panels});
     return *m_station;
 }

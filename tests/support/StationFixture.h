@@ -5,9 +5,10 @@
 #include "RecordingDialogs.h"
 #include "RecordingWizual.h"
 
-#include "core/SettingsStore.h"
-#include "core/SplashView.h"
-#include "core/Station.h"
+#include "base/SettingsStore.h"
+#include "base/SplashView.h"
+#include "model/StatusPanels.h"
+#include "station/Station.h"
 #include "db/Database.h"
 
 #include <QStringList>
@@ -51,6 +52,7 @@ public:
     ScriptedLine line{clock};
     FakeEventPump pump{clock, line};
     RecordingWizual wizual;
+    StatusPanels panels;
 
 private:
     QString m_file;

@@ -1,7 +1,6 @@
 #include "StationFixture.h"
 #include "TestEnv.h"
 
-#include "core/StartUp.h"
 #include "fmAlarmyN.h"
 
 #include <QApplication>
@@ -17,7 +16,7 @@ private slots:
         StationFixture f(QStringLiteral("zorbel.db"));
         f.createDatabase();
         f.addController(QStringLiteral("HALA-A"), 5);
-        StartUp(f.station());
+        f.station().StartUp();
         Station &s = f.station();
         f.clock.set(ZDate::fromParts(2026, 11, 23, 10, 15, 30));
         s.fmAlarmyN.NowyAlarm(f.clock.now(), 1, 202, QStringLiteral("( 431 V)"));

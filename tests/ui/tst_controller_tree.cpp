@@ -2,7 +2,6 @@
 #include "StationFixture.h"
 #include "TestEnv.h"
 
-#include "core/StartUp.h"
 #include "fmRegulatory.h"
 
 #include <QDir>
@@ -26,7 +25,7 @@ struct Rig {
         f.addController(QStringLiteral("HALA-A"), 5);
         f.addController(QStringLiteral("HALA-B"), 6);
         f.addController(QStringLiteral("Sprezarki"), 7);
-        StartUp(f.station());
+        f.station().StartUp();
         window = std::make_unique<fmRegulatory>(f.station());
         window->setPopupHandler([this](const QString &menu, const QPoint &at) { popups.append({menu, at}); });
         window->show();

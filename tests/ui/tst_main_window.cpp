@@ -8,10 +8,9 @@
 #include "fmGlowny.h"
 #include "fmRegulatory.h"
 
-#include "core/LoginPrompt.h"
-#include "core/PollingTimers.h"
-#include "core/StartUp.h"
-#include "link/clsPozKolejki.h"
+#include "base/LoginPrompt.h"
+#include "station/PollingTimers.h"
+#include "station/clsPozKolejki.h"
 #include "model/StatusPanels.h"
 
 #include <QMdiArea>
@@ -57,9 +56,9 @@ struct Rig {
         f.createDatabase();
         f.addController(QStringLiteral("T1"), 1);
         f.addController(QStringLiteral("T2"), 2);
-        StartUp(s);
-        hub.bind(s, timers);
-        frame.setEndProcess([this] { ++ended; });
+        s.StartUp();
+        hub.bind(s);
+        s.setProcessEnd([this](int) { ++ended; });
         frame.load();
         tree = new fmRegulatory(s);
         frame.showChild(tree);
@@ -90,12 +89,12 @@ struct Rig {
 
     TestEnv env;
     StationFixture f{QStringLiteral("zorbel.db")};
-    StatusPanels panels;
+    StatusPanels &panels = f.panels;
     ScreenWizual hub{panels};
     Station &s = stationOnTheHub();
-    PollingTimers timers{s, panels};
+    PollingTimers &timers = s.timers;
     AnsweringLogin login{s.oApp};
-    fmGlowny frame{s, panels, timers, login};
+    fmGlowny frame{s, login};
     fmRegulatory *tree = nullptr;
     QStringList played;
     int ended = 0;

@@ -1,8 +1,8 @@
 #include "ClippedControls.h"
 #include "RecordingDialogs.h"
 
-#include "core/SettingsStore.h"
-#include "core/clsoApp.h"
+#include "base/SettingsStore.h"
+#include "model/clsoApp.h"
 #include "fmLogin.h"
 #include "frmOptions.h"
 #include "Twips.h"

@@ -1,8 +1,8 @@
 #include "AdminTool.h"
 
 #include "DemoInstallation.h"
-#include "core/RunTimeError.h"
-#include "core/SettingsStore.h"
+#include "base/RunTimeError.h"
+#include "base/SettingsStore.h"
 #include "db/Database.h"
 #include "db/Schema.h"
 

@@ -40,7 +40,7 @@ void saveWindows(const QString &file)
 
 }
 
-void scheduleScreenshot(const QStringList &args)
+void scheduleScreenshot(const QStringList &args, const std::function<void()> &close)
 {
     const QString file = optionValue(args, QStringLiteral("--screenshot"));
     if (file.isEmpty())
@@ -49,9 +49,9 @@ void scheduleScreenshot(const QStringList &args)
     int after = optionValue(args, QStringLiteral("--screenshot-after")).toInt(&ok);
     if (!ok || after < 0)
         after = 4000;
-    QTimer::singleShot(after, qApp, [file] {
+    QTimer::singleShot(after, qApp, [file, close] {
         saveWindows(file);
-        QApplication::quit();
+        close();
     });
 }
 

@@ -8,13 +8,11 @@
 #include "fmRegulatory.h"
 #include "frmSplash.h"
 
-#include "core/Clock.h"
-#include "core/PollingTimers.h"
-#include "core/QuitOnSignal.h"
-#include "core/RunTimeError.h"
-#include "core/SettingsStore.h"
-#include "core/StartUp.h"
-#include "core/Station.h"
+#include "base/Clock.h"
+#include "station/QuitOnSignal.h"
+#include "base/RunTimeError.h"
+#include "base/SettingsStore.h"
+#include "station/Station.h"
 #include "link/QtEventPump.h"
 #include "link/StationLine.h"
 #include "model/StatusPanels.h"
@@ -29,13 +27,27 @@ namespace {
 
 // A failure that ends the process: said on stderr, so that a run without a
 // screen shows it too, and in a message box where there is a screen to show it on.
-int endWith(const RunTimeError &e, Dialogs &dialogs)
+void report(const RunTimeError &e, Dialogs &dialogs)
 {
     std::fprintf(stderr, "zorbel: %s\n", qPrintable(e.message()));
     const QString platform = QGuiApplication::platformName();
     if (platform != QLatin1String("offscreen") && platform != QLatin1String("minimal"))
         dialogs.MsgBox(e.message(), Dialogs::Critical, QStringLiteral("Zorbel"));
-    return 1;
+}
+
+// The controller tree and the alarm window, after the main window.
+void showStationWindows(Station &station, fmGlowny &frame, ScreenWizual &hub)
+{
+    auto *tree = new fmRegulatory(station);
+    tree->setPopupHandler([&frame](const QString &menu, const QPoint &at) { frame.menu(menu)->popup(at); });
+    frame.showChild(tree);
+    station.fmAlarmyN.setNodePainter([tree](const QString &kod, bool alarm) { tree->paintAlarm(kod, alarm); });
+    hub.attach(&frame, tree);
+
+    auto *alarms = new fmAlarmyN(station.fmAlarmyN, station.services.dialogs);
+    frame.showChild(alarms);
+    frame.setAlarmWindow(alarms);
+    station.fmAlarmyN.setChangeListener([alarms] { alarms->refresh(); });
 }
 
 }
@@ -55,61 +67,44 @@ int main(int argc, char *argv[])
     QtEventPump pump;
     StatusPanels panels;
     ScreenWizual hub(panels);
-    Station station(StationServices{clock, settings, dialogs, splash, line, pump, hub});
-    PollingTimers timers(station, panels);
-    hub.bind(station, timers);
+    Station station(StationServices{clock, settings, dialogs, splash, line, pump, hub, panels});
+    hub.bind(station);
     ModalLogin login(station.oApp, dialogs);
+    station.setFailureReport([&dialogs](const RunTimeError &e) { report(e, dialogs); });
+    // Ends the process at once. Inside a polling round (the interface runs
+    // during the link's waits) the round is not returned to: it would use the
+    // closed line and database.
+    station.setProcessEnd([&station](int code) {
+        if (station.timers.inTick())
+            std::exit(code);
+        QApplication::exit(code);
+    });
 
     try {
-        StartUp(station);
-    } catch (const RunTimeError &e) {
-        splash.closeSplash();
-        return endWith(e, dialogs);
-    }
-
-    fmGlowny frame(station, panels, timers, login);
-    dialogs.setParent(&frame);
-    login.setParent(&frame);
-    try {
+        station.StartUp();
+        fmGlowny frame(station, login);
+        dialogs.setParent(&frame);
+        login.setParent(&frame);
         frame.load();
+        frame.show();
+        showStationWindows(station, frame, hub);
+
+        WavePlayer player;
+        hub.setPlayer([&player](const QString &file) { player.play(file); });
+        splash.closeSplash();
+
+        // a logout or a service manager closes the station as its window does, without asking
+        QuitOnSignal quitOnSignal([&frame] { frame.unloadWithoutAsking(); });
+        station.startPolling();
+        scheduleScreenshot(app.arguments(), [&frame] { frame.unloadWithoutAsking(); });
+        scheduleTrigger(app.arguments(), [&frame](const QString &entry) { frame.entry(entry)->trigger(); });
+        const int code = app.exec();
+        station.stop();
+        return code;
     } catch (const RunTimeError &e) {
         splash.closeSplash();
-        return endWith(e, dialogs);
+        report(e, dialogs);
+        station.stop();
+        return 1;
     }
-    frame.show();
-
-    auto *tree = new fmRegulatory(station);
-    tree->setPopupHandler([&frame](const QString &menu, const QPoint &at) { frame.menu(menu)->popup(at); });
-    frame.showChild(tree);
-    station.fmAlarmyN.setNodePainter([tree](const QString &kod, bool alarm) { tree->paintAlarm(kod, alarm); });
-    hub.attach(&frame, tree);
-
-    auto *alarms = new fmAlarmyN(station.fmAlarmyN, dialogs);
-    frame.showChild(alarms);
-    frame.setAlarmWindow(alarms);
-    station.fmAlarmyN.setChangeListener([alarms] { alarms->refresh(); });
-
-    WavePlayer player;
-    hub.setPlayer([&player](const QString &file) { player.play(file); });
-    splash.closeSplash();
-
-    int exitCode = 0;
-    timers.setFatalHandler([&](const RunTimeError &e) {
-        exitCode = endWith(e, dialogs);
-        QApplication::exit(exitCode);
-    });
-    // the station is closed; the process ends at once. Inside a polling
-    // round (the interface runs during the link's waits) the round is not
-    // returned to: it would use the closed line and database.
-    frame.setEndProcess([&timers] {
-        if (timers.inTick())
-            std::exit(0);
-        QApplication::exit(0);
-    });
-    // a logout or a service manager closes the station as its window does, without asking
-    QuitOnSignal quitOnSignal([&frame] { frame.unloadWithoutAsking(); });
-    timers.start();
-    scheduleScreenshot(app.arguments());
-    scheduleTrigger(app.arguments(), [&frame](const QString &entry) { frame.entry(entry)->trigger(); });
-    return app.exec();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/ZDate.h"
+#include "base/ZDate.h"
 
 #include <QObject>
 #include <QTimer>
@@ -18,7 +18,7 @@ class PollingTimers : public QObject {
 public:
     PollingTimers(Station &station, StatusPanels &panels);
 
-    // The last step of the start: polling begins.
+    // Polling begins; stop() ends all three.
     void start() { Timer1.start(); }
     void stop();
     // Follows the unconfirmed alarms: the blink and the sound run while there are any.

@@ -1,4 +1,4 @@
-#include "core/NumberForm.h"
+#include "base/NumberForm.h"
 
 #include <cmath>
 #include <cstdio>

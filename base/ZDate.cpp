@@ -1,4 +1,4 @@
-#include "core/ZDate.h"
+#include "base/ZDate.h"
 
 #include <QTimeZone>
 #include <cmath>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "link/clsPozKolejki.h"
+#include "station/clsPozKolejki.h"
 #include "model/KeyedCollection.h"
 
 class colRegulatory;

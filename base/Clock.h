@@ -1,6 +1,6 @@
 #pragma once
 
-#include "core/ZDate.h"
+#include "base/ZDate.h"
 
 // The station's only source of time, so that tests can drive the reading
 // grid and the link's timeouts on a fake clock.

@@ -1,6 +1,6 @@
-#include "core/clsFunkcje.h"
+#include "base/clsFunkcje.h"
 
-#include "core/Conversions.h"
+#include "base/Conversions.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "core/QuitOnSignal.h"
+#include "station/QuitOnSignal.h"
 
 #include <QCoreApplication>
 #include <csignal>

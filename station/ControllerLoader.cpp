@@ -1,8 +1,8 @@
-#include "core/ControllerLoader.h"
+#include "station/ControllerLoader.h"
 
-#include "core/Conversions.h"
-#include "core/NumberForm.h"
-#include "core/RunTimeError.h"
+#include "base/Conversions.h"
+#include "base/NumberForm.h"
+#include "base/RunTimeError.h"
 #include "db/RowSet.h"
 #include "model/colRegulatory.h"
 

@@ -1,9 +1,9 @@
-#include "core/PollingTimers.h"
+#include "station/PollingTimers.h"
 
-#include "core/RunTimeError.h"
-#include "core/Station.h"
+#include "base/RunTimeError.h"
+#include "station/Station.h"
 #include "model/StatusPanels.h"
-#include "ui/clsWizual.h"
+#include "base/clsWizual.h"
 
 PollingTimers::PollingTimers(Station &station, StatusPanels &panels) : m_station(station), m_panels(panels)
 {

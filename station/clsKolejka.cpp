@@ -1,4 +1,4 @@
-#include "link/clsKolejka.h"
+#include "station/clsKolejka.h"
 
 #include "model/colRegulatory.h"
 

@@ -1,6 +1,6 @@
-#include "core/Conversions.h"
+#include "base/Conversions.h"
 
-#include "core/RunTimeError.h"
+#include "base/RunTimeError.h"
 
 #include <cmath>
 #include <limits>

@@ -1,8 +1,8 @@
-#include "core/PortOpening.h"
+#include "station/PortOpening.h"
 
-#include "core/Dialogs.h"
-#include "core/RunTimeError.h"
-#include "core/Station.h"
+#include "base/Dialogs.h"
+#include "base/RunTimeError.h"
+#include "station/Station.h"
 #include "link/LinePort.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "core/RunTimeError.h"
+#include "base/RunTimeError.h"
 
 RunTimeError::RunTimeError(int number, const QString &description)
     : std::runtime_error(QStringLiteral("Błąd wykonania '%1': %2").arg(number).arg(description).toStdString()),

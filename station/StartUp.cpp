@@ -1,12 +1,11 @@
-#include "core/StartUp.h"
+#include "station/ControllerLoader.h"
+#include "base/Conversions.h"
+#include "base/SplashView.h"
+#include "station/Station.h"
 
-#include "core/ControllerLoader.h"
-#include "core/Conversions.h"
-#include "core/SplashView.h"
-#include "core/Station.h"
-
-void StartUp(Station &station)
+void Station::StartUp()
 {
+    Station &station = *this;
     fillBitMasks(station.bitMasks);
 
     station.services.splash.showProgress(QStringLiteral("Otwieram bazę danych i wczytuje regulatory..."));

@@ -42,6 +42,11 @@ public:
     // Reads port, password and sound option from the store, in that order.
     // A stored value that does not convert raises the run-time error.
     QVariant WczytajOpcje(const SettingsStore &store);
+    // Writes the port and the sound option as given and the password in
+    // force (not a new one being typed) to the store.
+    void ZapiszOpcje(SettingsStore &store, const QString &port, const QString &dzwieki);
+    // The login of the one user with the administrator's password.
+    bool SprawdzLogin(const QString &user, const QString &password) const;
 
     // The one way into control mode and out of it. Asking for it (true)
     // shows the login window and clears `tryb` unless the login answered
