@@ -48,12 +48,41 @@ void SampleStore::ZapiszPomiar(const StoredSample &sample)
     Database &db = m_connection();
     db.transaction();
     try {
-        db.exec(insertSample(sample));
-        if (db.exec(updateBase(sample)).numRowsAffected() < 1)
-            db.exec(insertBase(sample));
+        appendSample(sample);
+        setBase(sample);
         db.commit();
     } catch (...) {
         db.rollback();
         throw;
     }
+}
+
+void SampleStore::appendSample(const StoredSample &sample)
+{
+    m_connection().exec(insertSample(sample));
+}
+
+void SampleStore::setBase(const StoredSample &sample)
+{
+    Database &db = m_connection();
+    if (db.exec(updateBase(sample)).numRowsAffected() < 1)
+        db.exec(insertBase(sample));
+}
+
+std::vector<StoredSample> SampleStore::bases()
+{
+    std::vector<StoredSample> out;
+    QSqlQuery q = m_connection().exec(SqlStatement(QStringLiteral(
+        "SELECT Adres, PopPradCzynny, PopPradBiernSr, PopPradBiernPojSr, PopTimerU, Czas FROM OstPomiar")));
+    while (q.next()) {
+        StoredSample s;
+        s.adres = std::int16_t(q.value(0).toInt());
+        s.PopPradCzynny = q.value(1).toFloat();
+        s.PopPradBiernSr = q.value(2).toFloat();
+        s.PopPradBiernPojSr = q.value(3).toFloat();
+        s.PopTimerU = q.value(4).toInt();
+        s.Data = ZDate::fromVariant(q.value(5));
+        out.push_back(s);
+    }
+    return out;
 }

@@ -1,6 +1,7 @@
 #include "db/Schema.h"
 
 #include "db/Database.h"
+#include "db/SchemaVersion.h"
 
 namespace Schema {
 
@@ -94,6 +95,7 @@ void create(Database &db)
     try {
         for (const QString &sql : createStatements(db.dialect()))
             db.execText(sql);
+        SchemaVersion::stamp(db);
         db.commit();
     } catch (...) {
         db.rollback();

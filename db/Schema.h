@@ -32,7 +32,7 @@ struct Table {
 
 const std::vector<Table> &tables();
 QStringList createStatements(const SqlDialect &dialect);
-// Creates every table and index in one transaction.
+// Creates every table and index, at the schema's current version, in one transaction.
 void create(Database &db);
 // Names of the tables that are missing.
 QStringList missingTables(Database &db);

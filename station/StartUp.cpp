@@ -1,6 +1,8 @@
 #include "station/ControllerLoader.h"
 #include "base/Conversions.h"
 #include "base/SplashView.h"
+#include "db/ControllerStore.h"
+#include "db/SchemaVersion.h"
 #include "station/Station.h"
 
 void Station::StartUp()
@@ -12,13 +14,13 @@ void Station::StartUp()
 
     station.db = std::make_unique<Database>(DatabaseConfig::fromSettings(station.services.settings));
     station.db->open();
+    SchemaVersion::check(*station.db);
 
     station.rsPomiary = std::make_unique<RowSet>(*station.db);
     station.rsRegulatory = std::make_unique<RowSet>(*station.db);
     station.rsOstPomiar = std::make_unique<RowSet>(*station.db);
     // a controller is deleted through this set; a row is told by its code and address
-    station.rsRegulatory->open(SqlStatement(QStringLiteral("Select * from Regulatory order by kod")),
-                               QStringLiteral("Regulatory"), {QStringLiteral("Kod"), QStringLiteral("Adres")});
+    station.rsRegulatory->open(ControllerStore::allByKod(), QStringLiteral("Regulatory"), ControllerStore::rowKey());
     station.rsPomiary->openTable(QStringLiteral("Pomiary"));
     station.rsOstPomiar->openTable(QStringLiteral("OstPomiar"));
 

@@ -1,7 +1,9 @@
 #include "ControllerSources.h"
 
 #include "base/RunTimeError.h"
+#include "db/ControllerStore.h"
 #include "db/Database.h"
+#include "db/SampleStore.h"
 
 #include <QFile>
 #include <QSqlQuery>
@@ -23,25 +25,23 @@ std::map<int, CounterSeed> readSeeds(Database &db)
     std::map<int, CounterSeed> seeds;
     if (!db.tableExists(QStringLiteral("OstPomiar")))
         return seeds;
-    QSqlQuery q = db.exec(SqlStatement(QStringLiteral(
-        "SELECT Adres, PopPradCzynny, PopPradBiernSr, PopPradBiernPojSr FROM OstPomiar")));
-    while (q.next())
-        seeds[q.value(0).toInt()] = {q.value(1).toDouble(), q.value(2).toDouble(), q.value(3).toDouble()};
+    for (const StoredSample &b : SampleStore([&db]() -> Database & { return db; }).bases())
+        seeds[b.adres] = {b.PopPradCzynny, b.PopPradBiernSr, b.PopPradBiernPojSr};
     return seeds;
 }
 
 std::vector<ControllerConfig> readControllers(Database &db)
 {
     const auto seeds = readSeeds(db);
-    QSqlQuery q = db.exec(SqlStatement(QStringLiteral(
-        "SELECT Adres, Przekladnia, PrzekladniaNap, NapieciePomiar FROM Regulatory ORDER BY Adres")));
+    ControllerStore store([&db]() -> Database & { return db; });
     std::vector<ControllerConfig> configs;
-    while (q.next()) {
+    for (const QVariantMap &row : store.list({QStringLiteral("Adres"), QStringLiteral("Przekladnia"),
+                                              QStringLiteral("PrzekladniaNap"), QStringLiteral("NapieciePomiar")})) {
         ControllerConfig c;
-        c.address = q.value(0).toInt();
-        c.currentRatio = q.value(1).toDouble();
-        c.voltageRatio = q.value(2).toInt();
-        c.measuringVoltage = q.value(3).toInt();
+        c.address = row.value(QStringLiteral("Adres")).toInt();
+        c.currentRatio = row.value(QStringLiteral("Przekladnia")).toDouble();
+        c.voltageRatio = row.value(QStringLiteral("PrzekladniaNap")).toInt();
+        c.measuringVoltage = row.value(QStringLiteral("NapieciePomiar")).toInt();
         if (const auto it = seeds.find(c.address); it != seeds.end())
             c.seed = it->second;
         configs.push_back(c);

@@ -1,4 +1,4 @@
-#include "station/QuitOnSignal.h"
+#include "base/QuitOnSignal.h"
 #include "SimOptions.h"
 #include "SimServer.h"
 

@@ -1,6 +1,9 @@
 #include "DemoInstallation.h"
 
+#include "db/ControllerStore.h"
 #include "db/Database.h"
+#include "db/HierarchyStore.h"
+#include "db/SampleStore.h"
 
 #include <cmath>
 #include <numbers>
@@ -23,45 +26,29 @@ double loadShare(const QTime &t, int dayOfWeek)
     return share;
 }
 
-void insertControllerRow(Database &db, const DemoInstallation::Controller &c)
+QVariantMap controllerRow(const DemoInstallation::Controller &c)
 {
-    SqlStatement s(QStringLiteral("INSERT INTO Regulatory (Kod, Adres, Typ, aktywny, NrFabryczny, Opis, NapieciePomiar, "
-                                  "Przekladnia, PrzekladniaNap, CzestOdczytu, CzestTrans, awarCzest, ProgNapiecie, "
-                                  "ProgPrad, ProgTgFi, ProgTgFiMin"));
-    const char *bounds[] = {"EnCzynna", "EnBiernaCalk", "EnBiernaPoj", "Napiecie",
-                            "PradCzynny", "PradBierny", "PradCalk", "Czestotliwosc"};
-    for (const char *b : bounds)
-        s << QStringLiteral(", %1Min, %1Max").arg(QString::fromLatin1(b));
+    QVariantMap row = {
+        {"Kod", c.kod}, {"Adres", c.adres}, {"Typ", "regulator"}, {"aktywny", c.aktywny},
+        {"NrFabryczny", QStringLiteral("ZB-%1").arg(2300 + c.adres * 17)}, {"Opis", c.opis},
+        {"NapieciePomiar", c.napieciePomiar}, {"Przekladnia", c.przekladnia}, {"PrzekladniaNap", c.przekladniaNap},
+        {"CzestOdczytu", c.czestOdczytu}, {"CzestTrans", 0}, {"awarCzest", c.awarCzest},
+        {"ProgNapiecie", c.progNapiecie}, {"ProgPrad", c.progPrad}, {"ProgTgFi", c.progTgFi},
+        {"ProgTgFiMin", c.progTgFiMin},
+    };
+    for (const char *b : {"EnCzynna", "EnBiernaCalk", "EnBiernaPoj", "Napiecie", "PradCzynny", "PradBierny", "PradCalk",
+                          "Czestotliwosc"}) {
+        row.insert(QString::fromLatin1(b) + QLatin1String("Min"), 0.0f);
+        row.insert(QString::fromLatin1(b) + QLatin1String("Max"), 1.0e9f);
+    }
     for (int i = 1; i <= 9; ++i)
-        s << QStringLiteral(", BKSt%1").arg(i);
-    s << ") VALUES (";
-    s.value(c.kod) << ", ";
-    s.value(c.adres) << ", ";
-    s.value(QStringLiteral("regulator")) << ", ";
-    s.value(c.aktywny) << ", ";
-    s.value(QStringLiteral("ZB-%1").arg(2300 + c.adres * 17)) << ", ";
-    s.value(c.opis) << ", ";
-    s.value(c.napieciePomiar) << ", ";
-    s.value(c.przekladnia) << ", ";
-    s.value(c.przekladniaNap) << ", ";
-    s.value(c.czestOdczytu) << ", ";
-    s.value(0) << ", ";
-    s.value(c.awarCzest) << ", ";
-    s.value(c.progNapiecie) << ", ";
-    s.value(c.progPrad) << ", ";
-    s.value(c.progTgFi) << ", ";
-    s.value(c.progTgFiMin);
-    for (int i = 0; i < 8; ++i) {
-        s << ", ";
-        s.value(0.0f) << ", ";
-        s.value(1.0e9f);
-    }
-    for (int i = 1; i <= 9; ++i) {
-        s << ", ";
-        s.value(i <= 6 ? c.nominalKw / 8.0 : 0.0); // stage powers in kvar
-    }
-    s << ")";
-    db.exec(s);
+        row.insert(QStringLiteral("BKSt%1").arg(i), i <= 6 ? c.nominalKw / 8.0 : 0.0); // stage powers in kvar
+    return row;
+}
+
+std::function<Database &()> on(Database &db)
+{
+    return [&db]() -> Database & { return db; };
 }
 
 }
@@ -125,20 +112,18 @@ DemoInstallation::Totals DemoInstallation::lastTotals()
 
 void DemoInstallation::writeControllers(Database &db)
 {
+    ControllerStore store(on(db));
     for (const Controller &c : controllers()) {
-        insertControllerRow(db, c);
+        store.add(controllerRow(c));
         ++totals.controllers;
     }
 }
 
 void DemoInstallation::writeTree(Database &db)
 {
+    HierarchyStore store(on(db));
     for (const Element &e : tree()) {
-        SqlStatement s(QStringLiteral("INSERT INTO Hierarchia (kod_obiektu, kod_obiektu_nad, typ) VALUES ("));
-        s.value(e.kod) << ", ";
-        s.value(e.nad) << ", ";
-        s.value(e.typ) << ")";
-        db.exec(s);
+        store.add(e.kod, e.nad, e.typ);
         ++totals.elements;
     }
 }
@@ -151,6 +136,7 @@ int DemoInstallation::writeHistory(Database &db, const Controller &c, int days, 
     const ZDate last = ZDate::fromMsecs(until.msecs() / period * period); // on the reading grid
     const double ratedVoltage = c.napieciePomiar == 100 ? 15000.0 : (c.napieciePomiar == 500 ? 500.0 : 400.0);
     double counterP = 0, counterQ = 0, counterCap = 0;
+    SampleStore samples(on(db));
     int written = 0;
     for (ZDate t = last.addDays(-days); t <= last; t = t.addMsecs(period)) {
         const double share = std::max(0.05, loadShare(t.time(), t.date().dayOfWeek()) + noise(rng));
@@ -162,31 +148,28 @@ int DemoInstallation::writeHistory(Database &db, const Controller &c, int days, 
         const double enCap = -kw * 0.02 * share * hours; // a little over-compensation now and then
         const double volts = ratedVoltage * (1.0 + noise(rng) * 0.25);
         const double amps = kw * 1000.0 / (std::sqrt(3.0) * volts * 0.95);
-        SqlStatement s(QStringLiteral("INSERT INTO Pomiary (Adres, Data, EnCzynna, EnBiernaCalk, EnBiernaPoj, Napiecie, "
-                                      "PradBierny, PradCalk, Czestotliwosc) VALUES ("));
-        s.value(c.adres) << ", ";
-        s.date(t) << ", ";
-        s.value(float(enP)) << ", ";
-        s.value(float(enQ)) << ", ";
-        s.value(float(enCap)) << ", ";
-        s.value(float(volts)) << ", ";
-        s.value(float(amps * tgfi)) << ", ";
-        s.value(float(amps)) << ", ";
-        s.value(float(50.0 + noise(rng) * 0.5)) << ")";
-        db.exec(s);
+        StoredSample s;
+        s.adres = std::int16_t(c.adres);
+        s.Data = t;
+        s.EnCzynna = float(enP);
+        s.EnBiernaCalk = float(enQ);
+        s.EnBiernaPoj = float(enCap);
+        s.Napiecie = float(volts);
+        s.PradBierny = float(amps * tgfi);
+        s.PradCalk = float(amps);
+        s.Czestotliwosc = float(50.0 + noise(rng) * 0.5);
+        samples.appendSample(s);
         counterP += enP;
         counterQ += enQ;
         counterCap += enCap;
         ++written;
     }
-    SqlStatement s(QStringLiteral("INSERT INTO OstPomiar (Adres, PopPradCzynny, PopPradBiernSr, PopPradBiernPojSr, "
-                                  "PopTimerU, Czas) VALUES ("));
-    s.value(c.adres) << ", ";
-    s.value(float(counterP)) << ", ";
-    s.value(float(counterQ)) << ", ";
-    s.value(float(counterCap)) << ", ";
-    s.value(0) << ", ";
-    s.date(last) << ")";
-    db.exec(s);
+    StoredSample base;
+    base.adres = std::int16_t(c.adres);
+    base.Data = last;
+    base.PopPradCzynny = float(counterP);
+    base.PopPradBiernSr = float(counterQ);
+    base.PopPradBiernPojSr = float(counterCap);
+    samples.setBase(base);
     return written;
 }

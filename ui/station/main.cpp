@@ -9,7 +9,7 @@
 #include "frmSplash.h"
 
 #include "base/Clock.h"
-#include "station/QuitOnSignal.h"
+#include "base/QuitOnSignal.h"
 #include "base/RunTimeError.h"
 #include "base/SettingsStore.h"
 #include "station/Station.h"

@@ -1,0 +1,87 @@
+#include "db/SchemaVersion.h"
+
+#include "base/RunTimeError.h"
+#include "db/Database.h"
+
+#include <functional>
+#include <vector>
+
+namespace SchemaVersion {
+
+namespace {
+
+const QString Table = QStringLiteral("WersjaSchematu");
+
+void write(Database &db, int version)
+{
+    db.exec(SqlStatement(QStringLiteral("DELETE FROM WersjaSchematu")));
+    SqlStatement s(QStringLiteral("INSERT INTO WersjaSchematu (wersja) VALUES ("));
+    s.value(version) << ")";
+    db.exec(s);
+}
+
+// Step n moves a database from version n to n + 1.
+const std::vector<std::function<void(Database &)>> &steps()
+{
+    static const std::vector<std::function<void(Database &)>> all = {
+        // 0 -> 1: the version is kept; the six tables stay as they were
+        [](Database &db) {
+            db.execText(QStringLiteral("CREATE TABLE WersjaSchematu (wersja ") +
+                        db.dialect().columnType(SqlDialect::ColumnType::Int32) + QStringLiteral(")"));
+        },
+    };
+    return all;
+}
+
+RunTimeError tooNew(int version)
+{
+    return RunTimeError::database(QStringLiteral("Baza danych ma schemat w wersji %1, nowszej niż ten program "
+                                                 "(wersja %2). Proszę uaktualnić program Zorbel.")
+                                      .arg(version)
+                                      .arg(Current));
+}
+
+}
+
+int of(Database &db)
+{
+    if (!db.tableExists(Table))
+        return 0;
+    QSqlQuery q = db.exec(SqlStatement(QStringLiteral("SELECT MAX(wersja) FROM WersjaSchematu")));
+    return q.next() ? q.value(0).toInt() : 0;
+}
+
+void stamp(Database &db)
+{
+    steps().front()(db);
+    write(db, Current);
+}
+
+int upgrade(Database &db)
+{
+    const int from = of(db);
+    if (from > Current)
+        throw tooNew(from);
+    if (from == Current)
+        return from;
+    db.transaction();
+    try {
+        for (int v = from; v < Current; ++v)
+            steps().at(std::size_t(v))(db);
+        write(db, Current);
+        db.commit();
+    } catch (...) {
+        db.rollback();
+        throw;
+    }
+    return from;
+}
+
+void check(Database &db)
+{
+    const int version = of(db);
+    if (version > Current)
+        throw tooNew(version);
+}
+
+}
