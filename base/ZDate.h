@@ -7,7 +7,8 @@
 #include <cstdint>
 
 // A moment as a count of days from midnight of 30 December 1899 in local
-// wall-clock time, the fraction being the time of day. The zero date means
+// wall-clock time (or, for schedules and waits, local standard time: see
+// Clock), the fraction being the time of day. The zero date means
 // "never". Held as whole milliseconds so that arithmetic on seconds and
 // minutes is exact; days() gives the day count with its fraction.
 class ZDate {

@@ -103,6 +103,16 @@ void create(Database &db)
     }
 }
 
+void dropAll(Database &db)
+{
+    QStringList names{QString::fromLatin1(SchemaVersion::TableName)};
+    for (const Table &t : tables())
+        names << t.name;
+    for (const QString &name : names)
+        if (db.tableExists(name))
+            db.execText(QStringLiteral("DROP TABLE ") + name);
+}
+
 QStringList missingTables(Database &db)
 {
     QStringList missing;

@@ -34,6 +34,8 @@ const std::vector<Table> &tables();
 QStringList createStatements(const SqlDialect &dialect);
 // Creates every table and index, at the schema's current version, in one transaction.
 void create(Database &db);
+// Drops every table of the station's that exists, the version table too.
+void dropAll(Database &db);
 // Names of the tables that are missing.
 QStringList missingTables(Database &db);
 

@@ -10,7 +10,7 @@ namespace SchemaVersion {
 
 namespace {
 
-const QString Table = QStringLiteral("WersjaSchematu");
+const QString Table = QString::fromLatin1(TableName);
 
 void write(Database &db, int version)
 {

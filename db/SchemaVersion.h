@@ -10,6 +10,8 @@ namespace SchemaVersion {
 
 // The version this program makes and works on.
 constexpr int Current = 1;
+// The table that holds it.
+inline constexpr const char *TableName = "WersjaSchematu";
 
 // The version of the open database: 0 without the table.
 int of(Database &db);

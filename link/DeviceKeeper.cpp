@@ -47,7 +47,7 @@ bool DeviceKeeper::retryDue() const
 {
     if (!m_lastTry)
         return true;
-    const std::int64_t since = m_clock.now().msecs() - m_lastTry->msecs();
+    const std::int64_t since = m_clock.standardNow().msecs() - m_lastTry->msecs();
     // a wall clock set back must not hold the retries off
     return since >= RetryMs || since < 0;
 }
@@ -56,7 +56,7 @@ void DeviceKeeper::retry()
 {
     m_present = m_line->openDevice(m_name);
     // counted from the end: a slow failing open leaves the station its second
-    m_lastTry = m_clock.now();
+    m_lastTry = m_clock.standardNow();
     if (m_present)
         qInfo("zorbel: port %s back", qPrintable(m_name));
 }

@@ -12,7 +12,7 @@ void ScriptedLine::arriveAt(ZDate when, const QByteArray &bytes, std::int64_t sp
 
 void ScriptedLine::arriveAfterMs(std::int64_t ms, const QByteArray &bytes, std::int64_t spacingMs)
 {
-    arriveAt(clock().now().addMsecs(ms), bytes, spacingMs);
+    arriveAt(clock().standardNow().addMsecs(ms), bytes, spacingMs);
 }
 
 void ScriptedLine::answer(const QByteArray &request, const QByteArray &reply, int times)

@@ -12,7 +12,7 @@ public:
 
     explicit ScriptedLine(const Clock &clock) : TimedInputLine(clock) {}
 
-    // Bytes that arrive from `when` on, spaced by `spacingMs`, each after
+    // Bytes that arrive from `when` (standard time) on, spaced by `spacingMs`, each after
     // anything scheduled earlier.
     void arriveAt(ZDate when, const QByteArray &bytes, std::int64_t spacingMs = 0);
     void arriveAfterMs(std::int64_t ms, const QByteArray &bytes, std::int64_t spacingMs = 0);

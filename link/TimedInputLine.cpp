@@ -12,7 +12,7 @@ void TimedInputLine::arrive(ZDate when, std::uint8_t byte)
 
 std::deque<TimedInputLine::Arrival>::const_iterator TimedInputLine::firstInTransit() const
 {
-    const ZDate now = m_clock.now();
+    const ZDate now = m_clock.standardNow();
     return std::partition_point(m_input.begin(), m_input.end(), [now](const Arrival &a) { return a.when <= now; });
 }
 
@@ -41,7 +41,7 @@ int TimedInputLine::bytesWaiting() const
 
 int TimedInputLine::readByte()
 {
-    if (m_input.empty() || m_input.front().when > m_clock.now())
+    if (m_input.empty() || m_input.front().when > m_clock.standardNow())
         return -1;
     const int b = m_input.front().byte;
     m_input.pop_front();

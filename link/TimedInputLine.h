@@ -9,8 +9,8 @@
 
 class Clock;
 
-// A line in memory whose input bytes arrive at given moments of a clock and
-// count as received once the clock has reached them; every send is
+// A line in memory whose input bytes arrive at given moments of a clock's
+// standard time and count as received once the clock has reached them; every send is
 // recorded. Nothing here waits, so such a line works with a fake clock. The
 // kinds differ in what answers a send.
 class TimedInputLine : public LinePort {

@@ -83,16 +83,17 @@ clComm::clComm(LinePort &line, const Clock &clock, EventPump &pump, Dialogs &dia
 
 bool clComm::JestWBuforze()
 {
-    ZDate start = m_clock.now();
+    // on standard time: the end of summer time must not stretch a wait by an hour
+    ZDate start = m_clock.standardNow();
     for (;;) {
-        if (ZDate::secondsBetween(start, m_clock.now()) > 2)
+        if (ZDate::secondsBetween(start, m_clock.standardNow()) > 2)
             return false;
         // with input already waiting the pass must not sit idle
         const std::int64_t maxIdle = m_line.bytesWaiting() > 0 ? 0 : IdleSliceMs;
-        const ZDate przed = m_clock.now();
+        const ZDate przed = m_clock.standardNow();
         const std::int64_t idle = m_pump.processEvents(maxIdle);
         // only the interface's part of the pass is given back to the wait
-        start = start.addSecs(ZDate::secondsBetween(przed.addMsecs(idle), m_clock.now()));
+        start = start.addSecs(ZDate::secondsBetween(przed.addMsecs(idle), m_clock.standardNow()));
         if (m_line.bytesWaiting() >= 1)
             return true;
     }

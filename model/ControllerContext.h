@@ -30,4 +30,5 @@ struct ControllerContext {
     PanelKeys &panelKeys;
 
     ZDate now() const { return clock.now(); }
+    ZDate standardNow() const { return clock.standardNow(); }
 };

@@ -26,12 +26,12 @@ public:
     std::int16_t CzestOdczytu = 0;   // minutes
     std::int16_t CzestZapisu = 0;    // kept, used by nothing
     ZDate OstatniOdczyt;             // zero: no reading known
-    ZDate NastepnyOdczyt;            // zero at start: due on the first tick
+    ZDate NastepnyOdczyt;            // in standard time; zero at start: due on the first tick
     ZDate OstatniZapis;              // kept, used by nothing
     ZDate NastepnyZapis;             // kept, used by nothing
     bool ZakloceniaHarm = false;
     std::int16_t Id = 0;             // 1-based position in colRegulatory
-    std::int16_t AktywneAlarmy = 0;  // only ever counted up
+    std::int16_t AktywneAlarmy = 0;  // only ever counted up, to 32767
     float Przekladnia = 0;
     std::int16_t PrzekladniaNap = 0;
     std::int16_t NapieciePomiar = 0; // V
@@ -103,8 +103,13 @@ public:
     void DodajAlarm(ZDate Data, std::int16_t Typ, const QString &Opis);
     void SprawdzAlarm(std::int16_t Typ);
 
-    // schedule
+    // schedule: Czas is the wall-clock moment of the tick, which the sample
+    // carries; CzasStandard the same moment in standard time, on which the
+    // grid runs so that summer time neither skips nor repeats a point. The
+    // one-argument form takes the clock's present summer-time shift.
+    bool OkresowyOdczyt(ZDate Czas, ZDate CzasStandard);
     bool OkresowyOdczyt(ZDate Czas);
+    // Czas in standard time, as NastepnyOdczyt.
     void ObliczNastepnyOdczyt(ZDate Czas);
 
     // storage of one sample

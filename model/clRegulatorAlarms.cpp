@@ -21,8 +21,11 @@ QString tgFiText(float v)
 
 void clRegulator::DodajAlarm(ZDate Data, std::int16_t Typ, const QString &Opis)
 {
-    // counts every call and is never lowered: only a quick test for SprawdzAlarm
-    AktywneAlarmy = conv::add16(AktywneAlarmy, 1);
+    // kept: counts every call and is never lowered; its one use is SprawdzAlarm's
+    // test for above 0, so it stops at 32767 where a silent monitored
+    // controller would overflow it after about 28 hours
+    if (AktywneAlarmy < INT16_MAX)
+        AktywneAlarmy = conv::add16(AktywneAlarmy, 1);
     ctx().fmAlarmyN.NowyAlarm(Data, Id, Typ, Opis);
     ctx().oWizual.eAlarm(Id, Typ, Opis, true);
 }

@@ -1,5 +1,8 @@
 // When a controller is read: on a grid of its reading period counted from
-// the zero date, or awarCzest minutes after a failure.
+// the zero date, or awarCzest minutes after a failure. The schedule keeps
+// standard time: on the wall clock the end of summer time would hold the
+// controller off for the repeated hour, and its start would put two
+// samples on the same moment.
 #include "model/clRegulator.h"
 
 #include "base/RunTimeError.h"
@@ -11,18 +14,24 @@
 
 bool clRegulator::OkresowyOdczyt(ZDate Czas)
 {
+    const ControllerContext &s = ctx();
+    return OkresowyOdczyt(Czas, Czas.addMsecs(s.standardNow().msecs() - s.now().msecs()));
+}
+
+bool clRegulator::OkresowyOdczyt(ZDate Czas, ZDate CzasStandard)
+{
     const bool PierwszyOdczyt = OstatniOdczyt.isZero();
     clsWizual &hub = ctx().oWizual;
-    if (Czas >= NastepnyOdczyt) {
+    if (CzasStandard >= NastepnyOdczyt) {
         OstatniOdczyt = Czas;
         hub.eOkresowyOdczyt(Id, true);
         if (!WczytajStanRegul(Czas)) {
             // a fresh clock reading: the retry counts from the end of the failed attempt
-            NastepnyOdczyt = ctx().now().addMinutes(awarCzest);
+            NastepnyOdczyt = ctx().standardNow().addMinutes(awarCzest);
             hub.eOkresowyOdczyt(Id, false);
             return false;
         }
-        ObliczNastepnyOdczyt(Czas);
+        ObliczNastepnyOdczyt(CzasStandard);
         ZapiszDaneDB();
         hub.eOkresowyOdczyt(Id, false);
     }

@@ -57,6 +57,8 @@ void PollingTimers::Timer1Tick()
         ~TickEnd() { flag = false; }
     } tickEnd{m_inTick};
     CzasTicka = m_station.now();
+    // the same moment for the reading grid, which summer time does not move
+    const ZDate standard = m_station.standardNow();
     // a second reading of the clock; the panel stands still during a long tick
     const QString clock = m_station.now().toString(QStringLiteral("HH:mm:ss"));
     if (m_panels.text(6) != clock)
@@ -64,7 +66,7 @@ void PollingTimers::Timer1Tick()
 
     for (const auto &r : m_station.Regulatory)
         if (r->aktywny())
-            r->OkresowyOdczyt(CzasTicka);
+            r->OkresowyOdczyt(CzasTicka, standard);
     m_station.Kolejka.Wykonaj();
     for (const auto &r : m_station.Regulatory) {
         if (!r->Monitoring)

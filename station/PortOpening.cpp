@@ -2,6 +2,7 @@
 
 #include "base/Dialogs.h"
 #include "base/RunTimeError.h"
+#include "base/SplashView.h"
 #include "station/Station.h"
 #include "link/LinePort.h"
 
@@ -31,6 +32,9 @@ void openPortWithOperatorHelp(Station &station, const std::function<void()> &ask
                 throw;
             failure = e.description();
         }
+        // the start window stays on top of everything: it would hide the
+        // message and the options, the one way out of this loop
+        s.splash.closeSplash();
         tellPortFailure(s.dialogs, failure);
         askForPort();
     }

@@ -10,5 +10,6 @@ class Station;
 // then tries again. There is no other way out: without a port the station
 // does not come up. On the first round a port number that is illegal or
 // not a number at all is not caught and ends the start; on later rounds
-// every failure is met with the message and the options again.
+// every failure is met with the message and the options again. The start
+// window is closed before the first message, which it would hide.
 void openPortWithOperatorHelp(Station &station, const std::function<void()> &askForPort);

@@ -31,6 +31,11 @@ ZDate Station::now() const
     return services.clock.now();
 }
 
+ZDate Station::standardNow() const
+{
+    return services.clock.standardNow();
+}
+
 void Station::openLine(const std::function<void()> &askForPort)
 {
     openPortWithOperatorHelp(*this, askForPort);

@@ -92,7 +92,9 @@ public:
 
     // The open connection; a run-time error before the start has opened it.
     Database &connection();
+    // Local wall-clock time, and the same moment in standard time (see Clock).
     ZDate now() const;
+    ZDate standardNow() const;
 
     // The start routine: the bit mask table, the start window's text, the
     // database with its three row sets, one controller object per row of

@@ -100,6 +100,14 @@ void fmGlowny::buildMenus()
 
     QMenu *narz = addMenu(bar, "mnuNarzedzia", "&Narzędzia");
     addEntry(narz, "mnuNarzOpcje", "&Opcje", [this] {
+        // the window already open comes to the front; one closing and not yet deleted does not count
+        for (frmOptions *open : findChildren<frmOptions *>(QString(), Qt::FindDirectChildrenOnly))
+            if (open->isVisible()) {
+                open->setWindowState(open->windowState() & ~Qt::WindowMinimized);
+                open->raise();
+                open->activateWindow();
+                return;
+            }
         auto *options = new frmOptions(m_station.oApp, m_station.services.settings, this);
         options->setAttribute(Qt::WA_DeleteOnClose);
         options->show();

@@ -64,7 +64,7 @@ ControllerConfig parseLine(const QStringList &fields, int lineNumber)
     c.voltageRatio = int(number(2, c.voltageRatio));
     c.measuringVoltage = int(number(3, c.measuringVoltage));
     if (!ok || fields.size() > 4 || c.address < kLowestAddress || c.address > kHighestAddress)
-        refuse(QStringLiteral("line %1: expected: address [Przekladnia [PrzekladniaNap [NapieciePomiar]]]")
+        refuse(QStringLiteral("wiersz %1: oczekiwano: adres [Przekladnia [PrzekladniaNap [NapieciePomiar]]]")
                    .arg(lineNumber));
     return c;
 }
@@ -78,7 +78,7 @@ std::vector<ControllerConfig> fromDatabase(const QString &url)
         db.open();
         return readControllers(db);
     } catch (const RunTimeError &e) {
-        refuse(QStringLiteral("database %1: %2").arg(url, e.message()));
+        refuse(QStringLiteral("baza danych %1: %2").arg(url, e.message()));
     }
 }
 
@@ -98,7 +98,7 @@ std::vector<ControllerConfig> fromConfigFile(const QString &path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
-        refuse(QStringLiteral("cannot read %1: %2").arg(path, file.errorString()));
+        refuse(QStringLiteral("nie można odczytać %1: %2").arg(path, file.errorString()));
     try {
         return fromConfigText(QString::fromUtf8(file.readAll()));
     } catch (const std::runtime_error &e) {

@@ -13,9 +13,10 @@ namespace sim {
 
 namespace {
 
-QString lastError(const char *what)
+// What failed, the system call in brackets, and the system's reason.
+QString lastError(const QString &what, const char *call)
 {
-    return QStringLiteral("%1: %2").arg(QLatin1String(what), QString::fromLocal8Bit(std::strerror(errno)));
+    return QStringLiteral("%1 (%2): %3").arg(what, QLatin1String(call), QString::fromLocal8Bit(std::strerror(errno)));
 }
 
 void makeRaw(int fd)
@@ -49,13 +50,13 @@ QString PtyLine::open(const QString &linkPath)
 {
     m_master = posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK);
     if (m_master < 0)
-        return lastError("posix_openpt");
+        return lastError(QStringLiteral("nie można otworzyć pseudoterminala"), "posix_openpt");
     if (grantpt(m_master) != 0 || unlockpt(m_master) != 0)
-        return lastError("grantpt/unlockpt");
+        return lastError(QStringLiteral("nie można udostępnić pseudoterminala"), "grantpt/unlockpt");
     m_slavePath = QString::fromLocal8Bit(ptsname(m_master));
     m_slave = ::open(ptsname(m_master), O_RDWR | O_NOCTTY);
     if (m_slave < 0)
-        return lastError("open slave");
+        return lastError(QStringLiteral("nie można otworzyć strony podrzędnej pseudoterminala"), "open");
     makeRaw(m_slave);
     m_notifier = std::make_unique<QSocketNotifier>(m_master, QSocketNotifier::Read);
     connect(m_notifier.get(), &QSocketNotifier::activated, this, &PtyLine::readAvailable);
@@ -66,11 +67,11 @@ QString PtyLine::makeLink(const QString &linkPath)
 {
     const QFileInfo info(linkPath);
     if (info.exists() && !info.isSymLink())
-        return QStringLiteral("%1 exists and is no symlink").arg(linkPath);
+        return QStringLiteral("%1 istnieje i nie jest dowiązaniem symbolicznym").arg(linkPath);
     if (info.isSymLink())
         QFile::remove(linkPath);
     if (::symlink(m_slavePath.toLocal8Bit().constData(), linkPath.toLocal8Bit().constData()) != 0)
-        return lastError("symlink");
+        return lastError(QStringLiteral("nie można utworzyć dowiązania %1").arg(linkPath), "symlink");
     m_linkPath = linkPath;
     return {};
 }
@@ -88,7 +89,7 @@ void PtyLine::write(const QByteArray &bytes)
     // A station that does not read lets the buffer fill: the rest is lost,
     // as it would be on a real line.
     if (::write(m_master, bytes.constData(), size_t(bytes.size())) < 0 && errno != EAGAIN)
-        qWarning("zorbel-sim: write to the pty failed: %s", std::strerror(errno));
+        qWarning("zorbel-sim: zapis do pseudoterminala nie powiódł się: %s", std::strerror(errno));
 }
 
 } // namespace sim

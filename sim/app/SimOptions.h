@@ -1,10 +1,12 @@
 #pragma once
 
+#include "base/CommandLine.h"
 #include "simcore/Faults.h"
 
 #include <QList>
 #include <QString>
 #include <QStringList>
+#include <memory>
 #include <optional>
 
 namespace sim {
@@ -23,8 +25,27 @@ struct SimOptions {
     bool verbose = false;
 };
 
-// The outcome of reading the command line: options, or help wanted, or an
-// error to show with a hint at --help.
+// The simulator's command line, read by the programs' shared CommandLine
+// into SimOptions.
+class SimCommandLine {
+public:
+    SimCommandLine();
+    ~SimCommandLine();
+
+    // Reads the arguments (the first is the program) and checks the values.
+    CommandLine::Outcome parse(const QStringList &arguments);
+    const SimOptions &options() const { return m_options; }
+    // The outcome, the help, the error, and the answer to give.
+    const CommandLine &line() const;
+
+private:
+    struct Parser;
+    std::unique_ptr<Parser> m_parser;
+    SimOptions m_options;
+};
+
+// The outcome of reading a command line in short: options, or help
+// wanted, or the error that refuses it.
 struct ParsedCommandLine {
     SimOptions options;
     bool helpWanted = false;

@@ -43,7 +43,7 @@ QString SimServer::loadControllers()
     if (m_options.addresses)
         configs = ControllerSources::restrictTo(configs, *m_options.addresses);
     if (configs.empty())
-        return QStringLiteral("no controllers to simulate");
+        return QStringLiteral("brak regulatorów do symulowania");
     for (const ControllerConfig &c : configs)
         m_bus.addController(c);
     return {};
@@ -72,7 +72,7 @@ QString SimServer::openLog()
     if (!m_options.logFile.isEmpty()) {
         m_log.setFileName(m_options.logFile);
         if (!m_log.open(QIODevice::WriteOnly | QIODevice::Append | QIODevice::Text))
-            return QStringLiteral("cannot write %1: %2").arg(m_options.logFile, m_log.errorString());
+            return QStringLiteral("nie można zapisać %1: %2").arg(m_options.logFile, m_log.errorString());
     }
     if (m_log.isOpen() || m_options.verbose)
         m_bus.setLogSink([this](const FrameLogEntry &e) { writeLog(e); });

@@ -10,7 +10,7 @@ TcpLine::TcpLine(QObject *parent) : SimLine(parent)
 QString TcpLine::listen(quint16 port)
 {
     if (!m_server.listen(QHostAddress::LocalHost, port))
-        return m_server.errorString();
+        return QStringLiteral("nie można nasłuchiwać na 127.0.0.1:%1: %2").arg(port).arg(m_server.errorString());
     return {};
 }
 

@@ -3,30 +3,27 @@
 #include "SimServer.h"
 
 #include <QCoreApplication>
-#include <cstdio>
+#include <QTextStream>
 
 int main(int argc, char *argv[])
 {
     QCoreApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("zorbel-sim"));
-    const sim::ParsedCommandLine command = sim::parseCommandLine(QCoreApplication::arguments());
-    if (command.helpWanted) {
-        fputs(qPrintable(sim::helpText()), stdout);
-        return 0;
-    }
-    if (!command.error.isEmpty()) {
-        fprintf(stderr, "zorbel-sim: %s\nTry zorbel-sim --help.\n", qPrintable(command.error));
-        return 2;
-    }
+    QTextStream out(stdout);
+    QTextStream err(stderr);
+    sim::SimCommandLine command;
+    command.parse(QCoreApplication::arguments());
+    if (const std::optional<int> answered = command.line().answer(out, err))
+        return *answered;
     QuitOnSignal quitOnSignal;
-    sim::SimServer server(command.options);
+    sim::SimServer server(command.options());
     if (const QString error = server.start(); !error.isEmpty()) {
-        fprintf(stderr, "zorbel-sim: %s\n", qPrintable(error));
+        err << "zorbel-sim: " << error << Qt::endl;
         return 1;
     }
     // The first line is for scripts and tests: where the station connects.
-    printf("%s\n", qPrintable(server.where()));
-    fflush(stdout);
-    fprintf(stderr, "zorbel-sim: %d controllers on %s\n", server.controllerCount(), qPrintable(server.where()));
+    out << server.where() << Qt::endl;
+    err << "zorbel-sim: symulowane regulatory: " << server.controllerCount() << ", linia: " << server.where()
+        << Qt::endl;
     return app.exec();
 }

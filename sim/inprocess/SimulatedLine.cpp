@@ -14,7 +14,7 @@ SimulatedLine::SimulatedLine(const Clock &clock, quint32 randomSeed)
 void SimulatedLine::send(const QByteArray &bytes)
 {
     sent.append(bytes);
-    const double sentMs = double(clock().now().msecs());
+    const double sentMs = double(clock().standardNow().msecs());
     // the controller sees the frame once it has crossed the line
     const double heardMs = sentMs + double(bytes.size()) * sim::kByteMs;
     for (const sim::Transmission &t : m_bus.receive(bytes)) {

@@ -6,8 +6,9 @@
 namespace sim {
 
 // The simulator's time read off the station's clock, so that controllers
-// in the same process live on the station's (possibly fake) time: both
-// count local wall-clock time, the station from 30 December 1899, the
+// in the same process live on the station's (possibly fake) time: the
+// station's standard time, which summer time does not move, so that the
+// line's pace never jumps; the station counts from 30 December 1899, the
 // simulator from 1 January 1970.
 class StationSimClock final : public SimClock {
 public:
@@ -15,7 +16,7 @@ public:
     static constexpr qint64 kEpochOffsetMs = 25569LL * kMsPerDay;
 
     explicit StationSimClock(const Clock &clock) : m_clock(clock) {}
-    qint64 nowMs() const override { return m_clock.now().msecs() - kEpochOffsetMs; }
+    qint64 nowMs() const override { return m_clock.standardNow().msecs() - kEpochOffsetMs; }
 
 private:
     const Clock &m_clock;

@@ -55,7 +55,7 @@ void SimBus::serve(const Request &request, std::vector<Transmission> &out)
         return;
     }
     if (!target->understands(request)) {
-        log(FrameLogEntry::Kind::Ignored, request.address, {}, QStringLiteral("unknown request"));
+        log(FrameLogEntry::Kind::Ignored, request.address, {}, QStringLiteral("nieznane zapytanie"));
         return;
     }
     target->advanceTo(m_modelClock.nowMs());
@@ -73,11 +73,11 @@ Transmission SimBus::transmit(int address, const QByteArray &reply)
     t.bytes = addNoise(kept);
     QStringList notes;
     if (t.delayMs > 0)
-        notes << QStringLiteral("after %1 ms").arg(t.delayMs);
+        notes << QStringLiteral("po %1 ms").arg(t.delayMs);
     if (kept.size() != stuffed.size())
-        notes << QStringLiteral("%1 of %2 bytes dropped").arg(stuffed.size() - kept.size()).arg(stuffed.size());
+        notes << QStringLiteral("utracone bajty: %1 z %2").arg(stuffed.size() - kept.size()).arg(stuffed.size());
     if (t.bytes.size() != kept.size())
-        notes << QStringLiteral("noise byte added");
+        notes << QStringLiteral("dodany bajt zakłócenia");
     log(FrameLogEntry::Kind::Answered, address, t.bytes, notes.join(QStringLiteral(", ")));
     return t;
 }

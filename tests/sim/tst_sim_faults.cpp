@@ -57,7 +57,7 @@ private slots:
             cut += dataReplyLength(rig, 5) < 33 ? 1 : 0;
         QVERIFY(cut > 25);  // 33 bytes at 10 %: most replies lose some
         const auto noted = std::count_if(rig.log.begin(), rig.log.end(), [](const auto &e) {
-            return e.kind == Kind::Answered && e.note.contains(QStringLiteral("dropped"));
+            return e.kind == Kind::Answered && e.note.contains(QStringLiteral("utracone"));
         });
         QCOMPARE(int(noted), cut);
     }

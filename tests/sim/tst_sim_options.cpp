@@ -46,7 +46,7 @@ private slots:
             ControllerSources::fromConfigText(QStringLiteral("5\nfive 100\n"));
             QFAIL("no error");
         } catch (const std::runtime_error &e) {
-            QVERIFY(QString::fromStdString(e.what()).startsWith(QStringLiteral("line 2")));
+            QVERIFY(QString::fromStdString(e.what()).startsWith(QStringLiteral("wiersz 2")));
         }
     }
 

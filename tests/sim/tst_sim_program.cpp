@@ -76,7 +76,7 @@ private slots:
         QCOMPARE(sim.exitCode(), 0);
         const QString help = QString::fromUtf8(sim.readAllStandardOutput());
         QVERIFY(help.contains(QStringLiteral("--reset-counters")));
-        QVERIFY(help.contains(QStringLiteral("Running the station against it")));
+        QVERIFY(help.contains(QStringLiteral("Stacja z symulatorem")));
     }
 
     void badCommandLineExitsWithTwo()

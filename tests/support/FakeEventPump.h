@@ -13,7 +13,8 @@
 // A pump on a fake clock. An idle pass moves the clock to the next byte of
 // the line or the next interface event, at most by the idle time allowed;
 // then it runs the interface events that are due. A handler may move the
-// clock itself: that is time the interface took.
+// clock itself: that is time the interface took. Moments here are in the
+// clock's standard time, as the line's arrivals are.
 //
 // The line is any in-memory line that tells when its next byte arrives
 // (ScriptedLine, SimulatedLine): its arrivals.
@@ -40,7 +41,10 @@ public:
 
     // An interface event at the given moment.
     void at(ZDate when, std::function<void()> handler) { m_events.emplace(when, std::move(handler)); }
-    void afterMs(std::int64_t ms, std::function<void()> handler) { at(m_clock.now().addMsecs(ms), std::move(handler)); }
+    void afterMs(std::int64_t ms, std::function<void()> handler)
+    {
+        at(m_clock.standardNow().addMsecs(ms), std::move(handler));
+    }
 
     std::int64_t processEvents(std::int64_t maxIdleMs) override
     {
@@ -58,17 +62,17 @@ public:
 private:
     std::int64_t idleUntilNext(std::int64_t maxIdleMs) const
     {
-        ZDate until = m_clock.now().addMsecs(maxIdleMs);
+        ZDate until = m_clock.standardNow().addMsecs(maxIdleMs);
         if (const auto byte = m_arrivals ? m_arrivals() : std::nullopt)
             until = std::min(until, *byte);
         if (!m_events.empty())
             until = std::min(until, m_events.begin()->first);
-        return std::max<std::int64_t>(0, until.msecs() - m_clock.now().msecs());
+        return std::max<std::int64_t>(0, until.msecs() - m_clock.standardNow().msecs());
     }
 
     void runDueEvents()
     {
-        while (!m_events.empty() && m_events.begin()->first <= m_clock.now()) {
+        while (!m_events.empty() && m_events.begin()->first <= m_clock.standardNow()) {
             auto handler = std::move(m_events.begin()->second);
             m_events.erase(m_events.begin());
             handler();

@@ -21,8 +21,7 @@ DatabaseConfig fetchEmpty(const QString &sqliteFile)
         const DatabaseConfig c = DatabaseConfig::fromUrl(qEnvironmentVariable("ZORBEL_TEST_PG_URL"));
         Database db(c);
         db.open();
-        for (const Schema::Table &t : Schema::tables())
-            db.execText(QStringLiteral("DROP TABLE IF EXISTS ") + t.name);
+        Schema::dropAll(db);
         return c;
     }
     QFile::remove(sqliteFile);

@@ -5,6 +5,7 @@
 #include <QString>
 #include <QStringList>
 #include <QTextStream>
+#include <optional>
 
 // The database tool: creates an empty station database, or a demonstration
 // installation, on SQLite or PostgreSQL. Returns a process exit code.
@@ -23,12 +24,13 @@ private:
         unsigned seed = 1;
     };
 
-    bool parse(const QStringList &arguments, Options &o);
+    // Reads the command line into `o`; an exit code when the tool is not
+    // to run: help or version shown, or the command line refused.
+    std::optional<int> parse(const QStringList &arguments, Options &o);
     int init(const Options &o);
     int demo(const Options &o);
     // Opens (creating where allowed) and lays the schema down; false when refused.
     bool prepare(const Options &o, class Database &db);
-    void usage(QTextStream &s) const;
 
     QTextStream &m_out;
     QTextStream &m_err;

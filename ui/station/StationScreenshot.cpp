@@ -10,12 +10,6 @@
 
 namespace {
 
-QString optionValue(const QStringList &args, const QString &name)
-{
-    const qsizetype i = args.indexOf(name);
-    return i >= 0 && i + 1 < args.size() ? args.at(i + 1) : QString();
-}
-
 void saveWindows(const QString &file)
 {
     QList<QWidget *> shown;
@@ -35,29 +29,23 @@ void saveWindows(const QString &file)
         p.drawPixmap(w->geometry().topLeft() - area.topLeft(), w->grab());
     p.end();
     if (!shot.save(file, "PNG"))
-        std::fprintf(stderr, "zorbel: cannot write %s\n", qPrintable(file));
+        std::fprintf(stderr, "zorbel: nie można zapisać %s\n", qPrintable(file));
 }
 
 }
 
-void scheduleScreenshot(const QStringList &args, const std::function<void()> &close)
+void scheduleScreenshot(const QString &file, int afterMs, const std::function<void()> &close)
 {
-    const QString file = optionValue(args, QStringLiteral("--screenshot"));
     if (file.isEmpty())
         return;
-    bool ok = false;
-    int after = optionValue(args, QStringLiteral("--screenshot-after")).toInt(&ok);
-    if (!ok || after < 0)
-        after = 4000;
-    QTimer::singleShot(after, qApp, [file, close] {
+    QTimer::singleShot(afterMs, qApp, [file, close] {
         saveWindows(file);
         close();
     });
 }
 
-void scheduleTrigger(const QStringList &args, const std::function<void(const QString &entry)> &trigger)
+void scheduleTrigger(const QString &entry, const std::function<void(const QString &entry)> &trigger)
 {
-    const QString entry = optionValue(args, QStringLiteral("--trigger"));
     if (!entry.isEmpty())
         QTimer::singleShot(1000, qApp, [entry, trigger] { trigger(entry); });
 }

@@ -9,6 +9,7 @@
 #include "frmSplash.h"
 
 #include "base/Clock.h"
+#include "base/CommandLine.h"
 #include "base/QuitOnSignal.h"
 #include "base/RunTimeError.h"
 #include "base/SettingsStore.h"
@@ -35,6 +36,51 @@ void report(const RunTimeError &e, Dialogs &dialogs)
         dialogs.MsgBox(e.message(), Dialogs::Critical, QStringLiteral("Zorbel"));
 }
 
+// The station's command line: the options for looking at a run without a screen.
+struct StationCommandLine {
+    StationCommandLine()
+    {
+        for (const QCommandLineOption &o : {screenshot, screenshotAfter, trigger})
+            line.addOption(o);
+    }
+    // Reads the arguments and checks the wait of the screenshot.
+    CommandLine::Outcome parse(const QStringList &arguments)
+    {
+        if (line.parse(arguments) == CommandLine::Outcome::Run && line.isSet(screenshotAfter)) {
+            bool ok = false;
+            screenshotAfterMs = line.value(screenshotAfter).toInt(&ok);
+            if (!ok || screenshotAfterMs < 0)
+                line.refuseValue(screenshotAfter, QStringLiteral("liczba milisekund, 0 lub więcej"));
+        }
+        return line.outcome();
+    }
+
+    CommandLine line{QStringLiteral("zorbel"),
+                     QStringLiteral("Zorbel, system nadzoru energii biernej: stacja, która odpytuje regulatory\n"
+                                    "kompensacji na linii RS-485. Bazę danych zorbel.db bierze z bieżącego\n"
+                                    "katalogu, a numer portu szeregowego z ustawień.")};
+    QCommandLineOption screenshot{QStringLiteral("screenshot"),
+                                  QStringLiteral("po kilku sekundach zapisuje okna stacji\n"
+                                                 "do PLIKU PNG i kończy"),
+                                  QStringLiteral("PLIK")};
+    QCommandLineOption screenshotAfter{QStringLiteral("screenshot-after"),
+                                       QStringLiteral("czas do zapisu okien w milisekundach (domyślnie 4000)"),
+                                       QStringLiteral("MS")};
+    QCommandLineOption trigger{QStringLiteral("trigger"),
+                               QStringLiteral("sekundę po starcie wybiera pozycję menu o tej nazwie,\n"
+                                              "np. mnuNarzOpcje"),
+                               QStringLiteral("POZYCJA")};
+    int screenshotAfterMs = 4000;
+};
+
+QStringList argumentsOf(int argc, char *argv[])
+{
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i)
+        arguments << QString::fromLocal8Bit(argv[i]);
+    return arguments;
+}
+
 // The controller tree and the alarm window, after the main window.
 void showStationWindows(Station &station, fmGlowny &frame, ScreenWizual &hub)
 {
@@ -54,7 +100,22 @@ void showStationWindows(Station &station, fmGlowny &frame, ScreenWizual &hub)
 
 int main(int argc, char *argv[])
 {
+    QTextStream out(stdout);
+    QTextStream err(stderr);
+    {
+        // help and version need no screen: told before the application is
+        // made; Qt's own options (-platform and the like) do not count yet
+        StationCommandLine early;
+        const CommandLine::Outcome asked = early.parse(argumentsOf(argc, argv));
+        if (asked == CommandLine::Outcome::Help || asked == CommandLine::Outcome::Version)
+            return *early.line.answer(out, err);
+    }
     QApplication app(argc, argv);
+    // the application has taken Qt's own options away: the rest must be ours
+    StationCommandLine command;
+    command.parse(QApplication::arguments());
+    if (const std::optional<int> refused = command.line.answer(out, err))
+        return *refused;
     QApplication::setOrganizationName(QStringLiteral("Zorbel"));
     QApplication::setApplicationName(QStringLiteral("Zorbel"));
     QApplication::setApplicationVersion(QStringLiteral(ZORBEL_VERSION));
@@ -96,8 +157,10 @@ int main(int argc, char *argv[])
         // a logout or a service manager closes the station as its window does, without asking
         QuitOnSignal quitOnSignal([&frame] { frame.unloadWithoutAsking(); });
         station.startPolling();
-        scheduleScreenshot(app.arguments(), [&frame] { frame.unloadWithoutAsking(); });
-        scheduleTrigger(app.arguments(), [&frame](const QString &entry) { frame.entry(entry)->trigger(); });
+        scheduleScreenshot(command.line.value(command.screenshot), command.screenshotAfterMs,
+                           [&frame] { frame.unloadWithoutAsking(); });
+        scheduleTrigger(command.line.value(command.trigger),
+                        [&frame](const QString &entry) { frame.entry(entry)->trigger(); });
         const int code = app.exec();
         station.stop();
         return code;
