@@ -18,7 +18,12 @@ BIN="$ROOT/build/bin"
 DEMO="$ROOT/demo"
 mkdir -p "$DEMO/config/Zorbel"
 cd "$DEMO"
-[ -f zorbel.db ] || "$BIN/zorbel-admin" demo --days 7
+# an installation from an older build is moved forward, never replaced
+if [ -f zorbel.db ]; then
+  "$BIN/zorbel-admin" upgrade --db sqlite:zorbel.db
+else
+  "$BIN/zorbel-admin" demo --db sqlite:zorbel.db --days 7
+fi
 
 # The station plays its sounds from its working directory.
 cp "$BIN"/alarm.wav "$BIN"/zablokregul.wav "$BIN"/odblokregul.wav "$DEMO/"

@@ -6,6 +6,7 @@
 #include "base/SettingsStore.h"
 #include "db/Database.h"
 #include "db/Schema.h"
+#include "db/SchemaVersion.h"
 
 #include <QFile>
 
@@ -17,6 +18,8 @@ int AdminTool::run(const QStringList &arguments)
     try {
         if (o.command == QLatin1String("init"))
             return init(o);
+        if (o.command == QLatin1String("upgrade"))
+            return upgrade(o);
         return demo(o);
     } catch (const RunTimeError &e) {
         m_err << "zorbel-admin: " << e.description() << Qt::endl;
@@ -29,8 +32,10 @@ namespace {
 const char *const Summary = R"(Tworzy bazę danych stacji Zorbel w SQLite albo w PostgreSQL.
 
 Polecenia:
-  init   pusta baza danych stacji (sześć tabel)
-  demo   instalacja pokazowa: regulatory i drzewo obiektów)";
+  init     pusta baza danych stacji (sześć tabel)
+  demo     instalacja pokazowa: regulatory i drzewo obiektów
+  upgrade  przenosi schemat starszej bazy do wersji tego programu
+           (w jednej transakcji; dane zostają))";
 
 }
 
@@ -50,15 +55,16 @@ std::optional<int> AdminTool::parse(const QStringList &arguments, Options &o)
                                   QStringLiteral("N"));
     for (const QCommandLineOption &option : {db, force, days, seed})
         line.addOption(option);
-    line.setArguments(QStringLiteral("init|demo"), 1);
+    line.setArguments(QStringLiteral("init|demo|upgrade"), 1);
     if (line.parse(arguments) != CommandLine::Outcome::Run)
         return line.answer(m_out, m_err);
 
     o.command = line.positionalArguments().value(0);
+    const QStringList commands{QStringLiteral("init"), QStringLiteral("demo"), QStringLiteral("upgrade")};
     if (o.command.isEmpty())
-        line.refuse(QStringLiteral("brak polecenia: init albo demo"));
-    else if (o.command != QLatin1String("init") && o.command != QLatin1String("demo"))
-        line.refuse(QStringLiteral("nieznane polecenie: %1 (dozwolone: init, demo)").arg(o.command));
+        line.refuse(QStringLiteral("brak polecenia: init, demo albo upgrade"));
+    else if (!commands.contains(o.command))
+        line.refuse(QStringLiteral("nieznane polecenie: %1 (dozwolone: init, demo, upgrade)").arg(o.command));
     o.force = line.isSet(force);
     if (line.isSet(days)) {
         bool ok = false;
@@ -127,5 +133,24 @@ int AdminTool::demo(const Options &o)
     const auto t = DemoInstallation::lastTotals();
     m_out << "Utworzono instalację pokazową w " << o.config.describe() << ": " << t.controllers << " regulatorów, "
           << t.elements << " elementów drzewa, " << t.samples << " pomiarów" << Qt::endl;
+    return 0;
+}
+
+int AdminTool::upgrade(const Options &o)
+{
+    Database db(o.config);
+    db.open();
+    const QStringList missing = Schema::missingTables(db);
+    if (!missing.isEmpty()) {
+        m_err << "zorbel-admin: w bazie " << o.config.describe() << " brak tabel stacji: " << missing.join(QStringLiteral(", "))
+              << " (pustą bazę tworzy polecenie init)" << Qt::endl;
+        return 1;
+    }
+    const int from = SchemaVersion::upgrade(db);
+    if (from == SchemaVersion::Current)
+        m_out << "Schemat bazy " << o.config.describe() << " jest już w wersji " << from << Qt::endl;
+    else
+        m_out << "Schemat bazy " << o.config.describe() << " przeniesiony z wersji " << from << " do wersji "
+              << SchemaVersion::Current << Qt::endl;
     return 0;
 }

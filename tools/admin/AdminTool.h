@@ -7,8 +7,9 @@
 #include <QTextStream>
 #include <optional>
 
-// The database tool: creates an empty station database, or a demonstration
-// installation, on SQLite or PostgreSQL. Returns a process exit code.
+// The database tool: creates an empty station database or a demonstration
+// installation, on SQLite or PostgreSQL, and moves an older database's schema
+// forward. Returns a process exit code.
 class AdminTool {
 public:
     AdminTool(QTextStream &out, QTextStream &err) : m_out(out), m_err(err) {}
@@ -29,6 +30,7 @@ private:
     std::optional<int> parse(const QStringList &arguments, Options &o);
     int init(const Options &o);
     int demo(const Options &o);
+    int upgrade(const Options &o);
     // Opens (creating where allowed) and lays the schema down; false when refused.
     bool prepare(const Options &o, class Database &db);
 
