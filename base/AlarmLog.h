@@ -6,6 +6,23 @@
 #include <QVariant>
 #include <cstdint>
 
+// The letters of a log entry's Status and Typ, and of an alarm's Typ.
+namespace LogStatus {
+inline const QString Done = QStringLiteral("N");
+inline const QString Failed = QStringLiteral("B");
+}
+namespace LogType {
+inline const QString Application = QStringLiteral("L"); // start and stop
+inline const QString Link = QStringLiteral("K");        // a controller that does not answer
+inline const QString Block = QStringLiteral("B");
+inline const QString Setting = QStringLiteral("U");     // the panel keys sent
+inline const QString Stage = QStringLiteral("S");
+inline const QString Monitoring = QStringLiteral("M");
+}
+namespace AlarmSource {
+inline const QString Controller = QStringLiteral("R");
+}
+
 // Where alarms and the operation log are written. Every call is durable when
 // it returns; a failure is a run-time error for the caller.
 class AlarmLog {

@@ -5,6 +5,7 @@
 #include "base/RunTimeError.h"
 #include "base/AlarmLog.h"
 #include "base/clsWizual.h"
+#include "model/AlarmKind.h"
 #include "model/ControllerContext.h"
 #include "model/clsoApp.h"
 #include "model/colRegulatory.h"
@@ -14,25 +15,26 @@ namespace {
 QString prefixOf(std::int16_t Typ)
 {
     switch (Typ) {
-    case 100: return QStringLiteral("Brak komunikacji z regulatorem ");
-    case 201: return QStringLiteral("Przekroczona wartość prądu ");
-    case 202: return QStringLiteral("Przekroczona wartość napięcia ");
-    case 203: return QStringLiteral("Przekroczona wartość tg fi ");
+    case AlarmKind::NoLink: return QStringLiteral("Brak komunikacji z regulatorem ");
+    case AlarmKind::Current: return QStringLiteral("Przekroczona wartość prądu ");
+    case AlarmKind::Voltage: return QStringLiteral("Przekroczona wartość napięcia ");
+    case AlarmKind::TgFi: return QStringLiteral("Przekroczona wartość tg fi ");
     default: return {};
     }
 }
 
-int iconOf(std::int16_t Typ)
+// The key of the row's table row; a row whose write failed has none, and
+// converting its empty text is the run-time's type mismatch, as it always was.
+std::int32_t storedKey(const ActiveAlarmList::Row &r)
 {
-    if (Typ == 100)
-        return 1;
-    return (Typ >= 201 && Typ <= 203) ? 2 : 0;
+    return r.key ? *r.key : conv::toInt32(QVariant(QString()));
 }
 
-bool numericallyEqual(const QString &subItem, int value)
+int iconOf(std::int16_t Typ)
 {
-    bool ok = false;
-    return subItem.trimmed().toDouble(&ok) == value && ok;
+    if (Typ == AlarmKind::NoLink)
+        return 1;
+    return (Typ >= AlarmKind::Current && Typ <= AlarmKind::TgFi) ? 2 : 0;
 }
 
 }
@@ -47,9 +49,21 @@ const ActiveAlarmList::Row &ActiveAlarmList::row(int index) const
 bool ActiveAlarmList::hasActive(std::int16_t Id, std::int16_t Typ) const
 {
     for (const Row &r : m_rows)
-        if (numericallyEqual(r.subItems[3], Id) && numericallyEqual(r.subItems[4], Typ) && r.subItems[6] == QLatin1String("A"))
+        if (r.isActive(Id, Typ))
             return true;
     return false;
+}
+
+void ActiveAlarmList::render(Row &r)
+{
+    r.subItems[3] = numberForm(r.id);
+    r.subItems[4] = numberForm(r.kind);
+    r.subItems[6] = r.active ? QStringLiteral("A") : QStringLiteral("N");
+    r.subItems[7] = r.confirmed ? QStringLiteral("T") : QStringLiteral("N");
+    r.subItems[8] = r.key ? numberForm(*r.key) : QString();
+    r.bold = !r.confirmed; // an unconfirmed alarm stays bold after its end
+    r.red = r.active;
+    r.ghosted = !r.active;
 }
 
 void ActiveAlarmList::NowyAlarm(ZDate Data, std::int16_t Id, std::int16_t Typ, const QString &text)
@@ -62,17 +76,21 @@ void ActiveAlarmList::NowyAlarm(ZDate Data, std::int16_t Id, std::int16_t Typ, c
     const QString full = prefix.isEmpty() ? QString() : prefix + text;
 
     Row row;
+    row.id = Id;
+    row.kind = Typ;
     row.text = Data.toString(QStringLiteral("dd/MM/yyyy HH:mm:ss"));
     row.icon = iconOf(Typ);
     const QString kod = m_context.Regulatory.Item(Id).Kod;
-    row.subItems = {QString(), kod, full, numberForm(Id), numberForm(Typ), text, QStringLiteral("A"), QStringLiteral("N"),
-                    QString()};
+    row.subItems[1] = kod;
+    row.subItems[2] = full;
+    row.subItems[5] = text;
+    render(row);
     m_rows.push_back(row);
     const int index = rowCount();
     changed();
 
-    const std::int32_t key = m_context.oBD.ZapiszAlarm(Data, QStringLiteral("R"), full, kod, QString());
-    at(index).subItems[8] = numberForm(key);
+    at(index).key = m_context.oBD.ZapiszAlarm(Data, AlarmSource::Controller, full, kod, QString());
+    render(at(index));
     paintNode(kod, true);
     clsoApp &app = m_context.oApp;
     app.IloscAktywnychAlarmow = conv::add16(app.IloscAktywnychAlarmow, 1);
@@ -84,14 +102,14 @@ void ActiveAlarmList::NowyAlarm(ZDate Data, std::int16_t Id, std::int16_t Typ, c
 void ActiveAlarmList::Potwierdz(int index)
 {
     Row &r = at(index);
-    if (r.subItems[7] != QLatin1String("N"))
+    if (r.confirmed)
         return;
     clsoApp &app = m_context.oApp;
     app.IloscNiePotwAlarmow = conv::sub16(app.IloscNiePotwAlarmow, 1);
-    r.subItems[7] = QStringLiteral("T");
-    r.bold = false;
+    r.confirmed = true;
+    render(r);
     changed();
-    m_context.oBD.ModyfikujAlarm(conv::toInt32(r.subItems[8]), m_context.now().toVariant(), QVariant(), QString());
+    m_context.oBD.ModyfikujAlarm(storedKey(r), m_context.now().toVariant(), QVariant(), QString());
     m_context.oWizual.eZmianaAlarmow();
 }
 
@@ -100,11 +118,10 @@ void ActiveAlarmList::DezaktywujAlarm(int index)
     Row &r = at(index);
     clsoApp &app = m_context.oApp;
     app.IloscAktywnychAlarmow = conv::sub16(app.IloscAktywnychAlarmow, 1);
-    r.subItems[6] = QStringLiteral("N");
-    r.red = false;
-    r.ghosted = true; // bold stays: an unconfirmed alarm remains bold
+    r.active = false;
+    render(r);
     changed();
-    m_context.oBD.ModyfikujAlarm(conv::toInt32(r.subItems[8]), QVariant(), m_context.now().toVariant(), QString());
+    m_context.oBD.ModyfikujAlarm(storedKey(r), QVariant(), m_context.now().toVariant(), QString());
     if (app.IloscAktywnychAlarmow == 0)
         m_context.oWizual.eZmianaAlarmow();
     // The node goes back to normal at the first end of any of the

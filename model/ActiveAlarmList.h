@@ -6,17 +6,28 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <vector>
 
 struct ControllerContext;
 
 // The rows of the alarm window: every alarm raised since the start, and the
-// only memory of which are active. A row's sub-items 1 to 8 are its record:
-// Kod, full text, Id and kind in number form, the caller's detail, activity
-// ("A"/"N"), confirmation ("N"/"T") and the key of its table row.
+// only memory of which are active. A row is its record (what the logic
+// reads) and the display rendered from it: sub-items 1 to 8 are Kod, full
+// text, Id and kind in number form, the caller's detail, activity ("A"/"N"),
+// confirmation ("N"/"T") and the key of its table row.
 class ActiveAlarmList {
 public:
     struct Row {
+        // the record
+        std::int16_t id = 0;
+        std::int16_t kind = 0;
+        bool active = true;
+        bool confirmed = false;
+        std::optional<std::int32_t> key; // none until the table row is written
+        bool isActive(std::int16_t Id, std::int16_t Typ) const { return active && id == Id && kind == Typ; }
+
+        // the display
         QString text;                       // the time, "dd/MM/yyyy hh:mm:ss"
         std::array<QString, 9> subItems{};  // 1..8; [0] unused
         int icon = 0;                       // 1 no link, 2 a limit, 0 none
@@ -49,6 +60,8 @@ public:
 private:
     Row &at(int index) { return const_cast<Row &>(row(index)); }
     bool hasActive(std::int16_t Id, std::int16_t Typ) const;
+    // Brings the display of a row in line with its record.
+    static void render(Row &r);
     void paintNode(const QString &kod, bool alarm) const;
     void changed() const;
 

@@ -19,6 +19,8 @@ public:
         QString toolTip;
         Picture picture = Picture::None;
     };
+    // The panels, numbered from 1 as on the screen.
+    enum Number : int { Work = 1, MonitoringLamp, AlarmSign, LinkLamp, Mode, Clock };
     static constexpr int Count = 6;
 
     // Panels are numbered from 1, as on the screen.

@@ -6,6 +6,7 @@
 #include "base/NumberForm.h"
 #include "model/ControllerContext.h"
 #include "model/ActiveAlarmList.h"
+#include "model/AlarmKind.h"
 #include "base/clsWizual.h"
 
 namespace {
@@ -35,10 +36,8 @@ void clRegulator::SprawdzAlarm(std::int16_t Typ)
     if (AktywneAlarmy <= 0)
         return;
     ActiveAlarmList &list = ctx().fmAlarmyN;
-    const QString id = numberForm(Id);
-    const QString kind = numberForm(Typ);
     for (int i = 1; i <= list.rowCount(); ++i)
-        if (list.subItem(i, 3) == id && list.subItem(i, 4) == kind && list.subItem(i, 6) == QLatin1String("A"))
+        if (list.row(i).isActive(Id, Typ))
             list.DezaktywujAlarm(i);
 }
 
@@ -51,8 +50,8 @@ void clRegulator::checkLimits()
         else
             SprawdzAlarm(kind);
     };
-    evaluate(201, PradBierny > ProgPrad, QStringLiteral("(") + numberForm(PradBierny) + QStringLiteral(" A)"));
-    evaluate(202, Napiecie > ProgNapiecie, QStringLiteral("(") + numberForm(Napiecie) + QStringLiteral(" V)"));
-    evaluate(203, TgFi > ProgTgFiMax || TgFi < ProgTgFiMin,
+    evaluate(AlarmKind::Current, PradBierny > ProgPrad, QStringLiteral("(") + numberForm(PradBierny) + QStringLiteral(" A)"));
+    evaluate(AlarmKind::Voltage, Napiecie > ProgNapiecie, QStringLiteral("(") + numberForm(Napiecie) + QStringLiteral(" V)"));
+    evaluate(AlarmKind::TgFi, TgFi > ProgTgFiMax || TgFi < ProgTgFiMin,
              QStringLiteral("(") + tgFiText(TgFi) + QStringLiteral(")"));
 }

@@ -25,10 +25,10 @@ bool clRegulator::BlokujRegul(bool Zablokuj)
         // also sent when already so, then with 0: a repeated block unblocks
         if (command("Ustaw_blok", Bajt, Nowy)) {
             Zablokowany = KodBlokady(Bajt);
-            s.oBD.ZapiszDoLoga(QStringLiteral("Blokada regulatora"), QStringLiteral("N"), QStringLiteral("B"), Kod);
+            s.oBD.ZapiszDoLoga(QStringLiteral("Blokada regulatora"), LogStatus::Done, LogType::Block, Kod);
         } else {
-            s.oBD.ZapiszDoLoga(QStringLiteral("Nieudana próba zablokowania regulatora"), QStringLiteral("B"),
-                               QStringLiteral("B"), Kod);
+            s.oBD.ZapiszDoLoga(QStringLiteral("Nieudana próba zablokowania regulatora"), LogStatus::Failed,
+                               LogType::Block, Kod);
         }
     }
     s.oWizual.eBlokadaRegul(Id, Zablokowany, true);
@@ -47,10 +47,10 @@ bool clRegulator::UstawRegulator()
     const bool sent = command("Ustaw_sr", unused, keys);
     if (sent) {
         WczytajStanRegul(s.now());
-        s.oBD.ZapiszDoLoga(QStringLiteral("Ustawienie regulatora"), QStringLiteral("N"), QStringLiteral("U"), Kod);
+        s.oBD.ZapiszDoLoga(QStringLiteral("Ustawienie regulatora"), LogStatus::Done, LogType::Setting, Kod);
     } else {
-        s.oBD.ZapiszDoLoga(QStringLiteral("Nieudana próba ustawienia regulatora"), QStringLiteral("B"),
-                           QStringLiteral("U"), Kod);
+        s.oBD.ZapiszDoLoga(QStringLiteral("Nieudana próba ustawienia regulatora"), LogStatus::Failed,
+                           LogType::Setting, Kod);
     }
     s.panelKeys.releaseAll();
     return sent;
@@ -126,7 +126,7 @@ bool clRegulator::UstawKondensator(std::uint8_t Nr, bool Zalacz)
     const QString stage = numberForm(Nr + 1);
     s.oBD.ZapiszDoLoga((Zalacz ? QStringLiteral("Załączono stopień nr ") : QStringLiteral("Wyłączono stopień nr ")) +
                            stage,
-                       QStringLiteral("N"), QStringLiteral("S"), Kod);
+                       LogStatus::Done, LogType::Stage, Kod);
     hook(false);
     return true;
 }

@@ -6,6 +6,7 @@
 #include "base/RunTimeError.h"
 #include "model/ControllerContext.h"
 #include "base/AlarmLog.h"
+#include "model/AlarmKind.h"
 #include "link/Komunikator.h"
 #include "base/clsFunkcje.h"
 #include "link/ReplyBuffer.h"
@@ -28,9 +29,9 @@ bool clRegulator::WczytajStanRegul(ZDate)
 {
     ZakloceniaHarm = false;
     if (!command("Czytaj_Diody", BuforDiod)) {
-        DodajAlarm(ctx().now(), 100, QString());
-        ctx().oBD.ZapiszDoLoga(QStringLiteral("Błąd komunikacji z regulatorem"), QStringLiteral("B"),
-                               QStringLiteral("K"), Kod);
+        DodajAlarm(ctx().now(), AlarmKind::NoLink, QString());
+        ctx().oBD.ZapiszDoLoga(QStringLiteral("Błąd komunikacji z regulatorem"), LogStatus::Failed,
+                               LogType::Link, Kod);
         return false;
     }
     clsStan.StanDiod1 = BuforDiod[1];
@@ -40,10 +41,10 @@ bool clRegulator::WczytajStanRegul(ZDate)
     QVariant unused;
     if (command("daj_dane", unused)) {
         if (!command("czytaj", BajtPotw) || !command("czytaj32", BuforDanych)) {
-            DodajAlarm(ctx().now(), 100, QString());
+            DodajAlarm(ctx().now(), AlarmKind::NoLink, QString());
             return false;
         }
-        SprawdzAlarm(100);
+        SprawdzAlarm(AlarmKind::NoLink);
     }
     decodeBlock();
     checkLimits();

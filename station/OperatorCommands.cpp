@@ -19,7 +19,7 @@ void Station::setMonitoring(bool on)
     clRegulator &r = selected(*this);
     r.Monitoring = on;
     oBD.ZapiszDoLoga(on ? QStringLiteral("Włączono monitoring") : QStringLiteral("Wyłączono monitoring"),
-                     QStringLiteral("N"), QStringLiteral("M"), r.Kod);
+                     LogStatus::Done, LogType::Monitoring, r.Kod);
 }
 
 void Station::switchSelectedStage()
@@ -33,7 +33,7 @@ void Station::switchSelectedStage()
     const auto nr = std::uint8_t(r.NrAktBaterii - 1);
     // always the opposite of what the lamp shows now
     const StageSwitch change{nr, !r.SprawdzStanDiody(nr)};
-    Kolejka.Add(oApp.NrAktRegulatora, QStringLiteral("UstawKondensator"), QVariant::fromValue(change), 0, QString());
+    Kolejka.Add(oApp.NrAktRegulatora, QueueOp::SetStage, QVariant::fromValue(change), 0, QString());
 }
 
 void Station::deleteSelectedController()

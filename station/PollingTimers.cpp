@@ -61,8 +61,8 @@ void PollingTimers::Timer1Tick()
     const ZDate standard = m_station.standardNow();
     // a second reading of the clock; the panel stands still during a long tick
     const QString clock = m_station.now().toString(QStringLiteral("HH:mm:ss"));
-    if (m_panels.text(6) != clock)
-        m_panels.setText(6, clock);
+    if (m_panels.text(StatusPanels::Clock) != clock)
+        m_panels.setText(StatusPanels::Clock, clock);
 
     for (const auto &r : m_station.Regulatory)
         if (r->aktywny())
@@ -82,8 +82,8 @@ void PollingTimers::Timer2Tick()
 {
     if (m_station.oApp.IloscAktywnychAlarmow <= 0)
         return;
-    const bool shown = m_panels.picture(3) != StatusPanels::Picture::None;
-    m_panels.setPicture(3, shown ? StatusPanels::Picture::None : StatusPanels::Picture::AlarmFlash);
+    const bool shown = m_panels.picture(StatusPanels::AlarmSign) != StatusPanels::Picture::None;
+    m_panels.setPicture(StatusPanels::AlarmSign, shown ? StatusPanels::Picture::None : StatusPanels::Picture::AlarmFlash);
 }
 
 void PollingTimers::Timer3Tick()

@@ -31,7 +31,8 @@ void Station::stop()
             (*rows)->close();
     if (db && db->isOpen())
         step("log", [this] {
-            oBD.ZapiszDoLoga(QStringLiteral("Zatrzymanie aplikacji"), QStringLiteral("N"), QStringLiteral("L"), QString());
+            oBD.ZapiszDoLoga(QStringLiteral("Zatrzymanie aplikacji"), LogStatus::Done, LogType::Application,
+                              QString());
         });
     if (db)
         db->close();

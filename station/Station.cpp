@@ -43,7 +43,7 @@ void Station::openLine(const std::function<void()> &askForPort)
     try {
         oApp.Znakdaty = QStringLiteral("#");
         oFunkcje.setZnakdaty(oApp.Znakdaty);
-        oBD.ZapiszDoLoga(QStringLiteral("Start aplikacji"), QStringLiteral("N"), QStringLiteral("L"), QString());
+        oBD.ZapiszDoLoga(QStringLiteral("Start aplikacji"), LogStatus::Done, LogType::Application, QString());
     } catch (const RunTimeError &e) {
         qWarning("zorbel: %s", qPrintable(e.message()));
     }

@@ -20,13 +20,13 @@ bool clsKolejka::Wykonaj()
     const clsPozKolejki &entry = Item(1);
     clRegulator &r = m_regulatory.Item(entry.NrRegul);
     // exact words, case included
-    if (entry.Polecenie == QLatin1String("Ustaw_przel"))
+    if (entry.Polecenie == QueueOp::SetKeys)
         r.UstawRegulator();
-    else if (entry.Polecenie == QLatin1String("Blokuj"))
+    else if (entry.Polecenie == QueueOp::Block)
         r.BlokujRegul(entry.flag());
-    else if (entry.Polecenie == QLatin1String("UstawKondensator"))
+    else if (entry.Polecenie == QueueOp::SetStage)
         r.UstawKondensator(entry.stageSwitch().stage, entry.stageSwitch().on);
-    else if (entry.Polecenie == QLatin1String("WczytajStanRegul"))
+    else if (entry.Polecenie == QueueOp::ReadState)
         r.WczytajStanRegul(entry.date());
     Remove(1);
     return false;

@@ -14,6 +14,14 @@ struct StageSwitch {
 };
 Q_DECLARE_METATYPE(StageSwitch)
 
+// The operations an operator can queue for a controller.
+namespace QueueOp {
+inline const QString SetKeys = QStringLiteral("Ustaw_przel");
+inline const QString Block = QStringLiteral("Blokuj");
+inline const QString SetStage = QStringLiteral("UstawKondensator");
+inline const QString ReadState = QStringLiteral("WczytajStanRegul");
+}
+
 // One operator request waiting for the polling tick.
 class clsPozKolejki {
 public:

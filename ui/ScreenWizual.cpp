@@ -53,8 +53,8 @@ void ScreenWizual::eZmianaTrybuSterowania(bool tryb)
     // no access key any more once the mode has changed: kept so
     setCaption("mnuSterWlacz", tryb ? QStringLiteral("Wyłącz tryb sterowania") : QStringLiteral("Włącz tryb sterowania"));
     setEnabled("mnuRegulZablok", tryb);
-    m_panels.setPicture(5, tryb ? StatusPanels::Picture::ControlMode : StatusPanels::Picture::None);
-    m_panels.setText(5, tryb ? QStringLiteral("sterowanie") : QStringLiteral("normalny"));
+    m_panels.setPicture(StatusPanels::Mode, tryb ? StatusPanels::Picture::ControlMode : StatusPanels::Picture::None);
+    m_panels.setText(StatusPanels::Mode, tryb ? QStringLiteral("sterowanie") : QStringLiteral("normalny"));
     setEnabled("mnuRegulBatZal", tryb);
     setEnabled("mnuRegulBatTestuj", tryb);
     if (station().oApp.Loaded_Panel && m_frame && m_frame->panelWindow())
@@ -65,25 +65,25 @@ void ScreenWizual::eKomunikacja(std::int16_t Stan)
 {
     // the link sends 1, 0 and 2 only: the lamp stays dark, 3 is kept for lighting it
     if (Stan == 0) {
-        m_panels.setText(4, QString());
-        m_panels.setPicture(4, StatusPanels::Picture::DarkLamp);
+        m_panels.setText(StatusPanels::LinkLamp, QString());
+        m_panels.setPicture(StatusPanels::LinkLamp, StatusPanels::Picture::DarkLamp);
     } else if (Stan == 3) {
-        m_panels.setPicture(4, StatusPanels::Picture::LitLamp);
+        m_panels.setPicture(StatusPanels::LinkLamp, StatusPanels::Picture::LitLamp);
     }
 }
 
 void ScreenWizual::eMonitoring(std::int16_t, bool Stan)
 {
-    m_panels.setPicture(2, Stan ? StatusPanels::Picture::LitLamp : StatusPanels::Picture::DarkLamp);
+    m_panels.setPicture(StatusPanels::MonitoringLamp, Stan ? StatusPanels::Picture::LitLamp : StatusPanels::Picture::DarkLamp);
 }
 
 void ScreenWizual::showWork(const char *what, std::int16_t Id, bool Stan)
 {
     if (!Stan) {
-        m_panels.setText(1, QString());
+        m_panels.setText(StatusPanels::Work, QString());
         return;
     }
-    m_panels.setText(1, QString::fromUtf8(what) + station().Regulatory.Item(Id).Kod + QStringLiteral("' ..."));
+    m_panels.setText(StatusPanels::Work, QString::fromUtf8(what) + station().Regulatory.Item(Id).Kod + QStringLiteral("' ..."));
 }
 
 void ScreenWizual::eOkresowyOdczyt(std::int16_t Id, bool Stan)
@@ -146,7 +146,7 @@ void ScreenWizual::eZmianaAlarmow()
     const clsoApp &app = station().oApp;
     station().timers.setAlarmTimers(app.IloscNiePotwAlarmow >= 1);
     const bool any = app.IloscNiePotwAlarmow > 0 || app.IloscAktywnychAlarmow > 0;
-    m_panels.setPicture(3, any ? StatusPanels::Picture::AlarmFlash : StatusPanels::Picture::None);
+    m_panels.setPicture(StatusPanels::AlarmSign, any ? StatusPanels::Picture::AlarmFlash : StatusPanels::Picture::None);
 }
 
 void ScreenWizual::eZmianaRegulatora(std::int16_t Id)

@@ -31,8 +31,8 @@ fmGlowny::fmGlowny(Station &station, LoginPrompt &login, QWidget *parent)
     m_toolbar->setClickHandler([this](const QString &key, bool value) { guarded([&] { ToolbarAction(key, value); }); });
     addToolBar(m_toolbar);
     // the texts of the panels as designed
-    m_panels.setText(1, QStringLiteral("Stan"));
-    m_panels.setText(5, QStringLiteral("normalny"));
+    m_panels.setText(StatusPanels::Work, QStringLiteral("Stan"));
+    m_panels.setText(StatusPanels::Mode, QStringLiteral("normalny"));
     m_statusBar = new MainStatusBar(m_panels, StationImages::mainImages(), StationImages::modeImages(), this);
     setStatusBar(m_statusBar);
     resize(1000, 720);
@@ -55,10 +55,10 @@ void fmGlowny::prepareBars()
     const char *tips[] = {"Aktualny stan Zorbela", "Monitoring", "Alarmy", "Komunikacja", "Tryb pracy", "Aktualny czas"};
     for (int n = 1; n <= StatusPanels::Count; ++n)
         m_panels.setToolTip(n, QString::fromUtf8(tips[n - 1]));
-    m_panels.setText(2, QStringLiteral("Monitoring"));
-    m_panels.setPicture(2, StatusPanels::Picture::DarkLamp);
-    m_panels.setPicture(3, StatusPanels::Picture::None);
-    m_panels.setPicture(4, StatusPanels::Picture::DarkLamp);
+    m_panels.setText(StatusPanels::MonitoringLamp, QStringLiteral("Monitoring"));
+    m_panels.setPicture(StatusPanels::MonitoringLamp, StatusPanels::Picture::DarkLamp);
+    m_panels.setPicture(StatusPanels::AlarmSign, StatusPanels::Picture::None);
+    m_panels.setPicture(StatusPanels::LinkLamp, StatusPanels::Picture::DarkLamp);
 
     MainToolbar &bar = *m_toolbar;
     bar.setToolTip(QStringLiteral("Komun"), QStringLiteral("Włączanie/wyłaczanie komunikacji"));

@@ -75,7 +75,7 @@ void fmGlowny::buildMenus()
     addEntry(regul, "mnunic4", "-", {});
     addEntry(regul, "mnuRegulZablok", "&Zablokuj regulator", [this] {
         // always a request to block: unblocking is the front panel's button
-        m_station.Kolejka.Add(m_station.oApp.NrAktRegulatora, QStringLiteral("Blokuj"), true, 0, QString());
+        m_station.Kolejka.Add(m_station.oApp.NrAktRegulatora, QueueOp::Block, true, 0, QString());
     });
     addEntry(regul, "mnunic", "-", {});
     addEntry(regul, "mnuRegulEdytuj", "edytuj",
