@@ -1,5 +1,7 @@
 #include "MainStatusBar.h"
 
+#include "StationImages.h"
+
 #include <QHBoxLayout>
 #include <QLabel>
 
@@ -49,8 +51,8 @@ void MainStatusBar::show(int n)
 QPixmap MainStatusBar::pixmapOf(StatusPanels::Picture picture) const
 {
     switch (picture) {
-    case StatusPanels::Picture::DarkLamp: return m_images1.pixmap(20);
-    case StatusPanels::Picture::LitLamp: return m_images1.pixmap(21);
+    case StatusPanels::Picture::DarkLamp: return m_images1.pixmap(StationImages::MainImage::DarkLamp);
+    case StatusPanels::Picture::LitLamp: return m_images1.pixmap(StationImages::MainImage::LitLamp);
     case StatusPanels::Picture::AlarmFlash: return m_images1.pixmap(QStringLiteral("blysk"));
     case StatusPanels::Picture::ControlMode: return m_images2.pixmap(1);
     case StatusPanels::Picture::None: break;

@@ -1,6 +1,7 @@
 #include "MainToolbar.h"
 
 #include "ImageList.h"
+#include "StationImages.h"
 
 #include "base/RunTimeError.h"
 
@@ -10,19 +11,19 @@ MainToolbar::MainToolbar(const ImageList &images, QWidget *parent) : QToolBar(QS
     setMovable(false);
     setIconSize(QSize(16, 16));
     // the tool tips as designed; the window's load then rewrites some of them
-    addButton(QStringLiteral("Komun"), images.image(1), true, QStringLiteral("Włączanie/wyłaczanie komunikacji"));
+    addButton(QStringLiteral("Komun"), images.image(StationImages::MainImage::Link), true, QStringLiteral("Włączanie/wyłaczanie komunikacji"));
     addSeparatorButton();
-    addButton(QStringLiteral("Panel"), images.image(17), true, QStringLiteral("Pokaż/ukryj panel"));
+    addButton(QStringLiteral("Panel"), images.image(StationImages::MainImage::FrontPanel), true, QStringLiteral("Pokaż/ukryj panel"));
     addButton(QStringLiteral("Dane"), images.image(QStringLiteral("Dane")), true,
               QStringLiteral("Pokaż/ukryj dane z regulatora"));
     addButton(QStringLiteral("Monit"), images.image(QStringLiteral("lornetka")), true,
               QStringLiteral("Włącz/wyłącz monitoring"));
     addSeparatorButton();
-    addButton(QStringLiteral("Alarm"), images.image(13), false, QStringLiteral("Pokaż/ukryj alarmy"));
+    addButton(QStringLiteral("Alarm"), images.image(StationImages::MainImage::AlarmBell), false, QStringLiteral("Pokaż/ukryj alarmy"));
     addSeparatorButton();
-    addButton(QStringLiteral("RapDob"), images.image(3), false, QStringLiteral("Raport dobowy"));
-    addButton(QStringLiteral("Wykresy"), images.image(4), false, QStringLiteral("Wykres dobowy"));
-    addButton(QString(), images.image(11), false, QStringLiteral("Czarosdziej ustawien"));
+    addButton(QStringLiteral("RapDob"), images.image(StationImages::MainImage::DailyReport), false, QStringLiteral("Raport dobowy"));
+    addButton(QStringLiteral("Wykresy"), images.image(StationImages::MainImage::Chart), false, QStringLiteral("Wykres dobowy"));
+    addButton(QString(), images.image(StationImages::MainImage::Wizard), false, QStringLiteral("Czarosdziej ustawien"));
     setValue(QStringLiteral("Komun"), 1); // pressed from the start
 }
 

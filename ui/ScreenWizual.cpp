@@ -1,6 +1,7 @@
 #include "ScreenWizual.h"
 
 #include "ControllerViews.h"
+#include "StationImages.h"
 #include "MainToolbar.h"
 #include "fmGlowny.h"
 #include "fmRegulatory.h"
@@ -129,10 +130,10 @@ void ScreenWizual::eNoweDane(std::int16_t Id, const QString &Typ)
         return;
     const clRegulator &r = station().Regulatory.Item(Id);
     // images and colours change only on a change, not at every monitored tick
-    setNodeImageIfDiffers(r.Kod, r.Zablokowany ? 4 : 2, false);
+    setNodeImageIfDiffers(r.Kod, r.Zablokowany ? StationImages::TreeImage::BlockedController : StationImages::TreeImage::Controller, false);
     for (int i = 1; i <= 9; ++i) // nine, whatever the controller has
         setNodeImageIfDiffers(r.Kod + QStringLiteral("_b") + QString::number(i),
-                              r.SprawdzStanDiody(std::uint8_t(i - 1)) ? 5 : 6, true);
+                              r.SprawdzStanDiody(std::uint8_t(i - 1)) ? StationImages::TreeImage::StageOn : StationImages::TreeImage::StageOff, true);
 }
 
 void ScreenWizual::eZmianaBaterii(std::int16_t Id, std::int16_t Nr)
@@ -166,7 +167,7 @@ void ScreenWizual::eZmianaRegulatora(std::int16_t Id)
 void ScreenWizual::eBlokadaRegul(std::int16_t Id, bool Blokada, bool Dzwiek)
 {
     if (m_tree)
-        m_tree->setNodeImage(station().Regulatory.Item(Id).Kod, Blokada ? 4 : 2);
+        m_tree->setNodeImage(station().Regulatory.Item(Id).Kod, Blokada ? StationImages::TreeImage::BlockedController : StationImages::TreeImage::Controller);
     if (Dzwiek)
         GrajDzwiek(Blokada ? QStringLiteral("zablokregul.wav") : QStringLiteral("odblokregul.wav"));
     setCaption("mnuRegulZablok", Blokada ? QStringLiteral("&Odblokuj regulator") : QStringLiteral("&Zablokuj regulator"));

@@ -22,11 +22,17 @@ QIcon limitExceeded();
 // bar. Keys named by the system: "blysk" (the alarm flash, as alarmFlash()),
 // "blysk1", "uwaga", "panel", "lornetka" ("Monit") and "Dane".
 ImageList mainImages();
+namespace MainImage {
+enum : int { Link = 1, DailyReport = 3, Chart = 4, Wizard = 11, AlarmBell = 13, FrontPanel = 17, DarkLamp = 20, LitLamp = 21 };
+}
 // ImageList2 of the main window: "Wykrzyknik", "ZablokRegul", "Regul".
 ImageList modeImages();
 // The controller tree's list: 1 the plant, 2 a controller, 3 the group of
 // controllers, 4 a blocked controller, 5 a stage switched on, 6 a stage off.
 ImageList controllerTreeImages();
+namespace TreeImage {
+enum : int { Plant = 1, Controller, ControllerGroup, BlockedController, StageOn, StageOff };
+}
 // The structure tree's list: 1 the plant, 2 a structure element, 3 a
 // controller element.
 ImageList structureTreeImages();

@@ -22,7 +22,7 @@ fmGlowny::fmGlowny(Station &station, LoginPrompt &login, QWidget *parent)
 {
     setObjectName(QStringLiteral("fmGlowny"));
     setWindowTitle(QStringLiteral("Zorbel"));
-    setWindowIcon(StationImages::controllerTreeImages().image(1));
+    setWindowIcon(StationImages::controllerTreeImages().image(StationImages::TreeImage::Plant));
     m_area->setObjectName(QStringLiteral("MDIArea"));
     m_area->setBackground(QColor(128, 128, 128));
     setCentralWidget(m_area);

@@ -1,6 +1,8 @@
 #include "fmRegulatory.h"
 
 #include "StationImages.h"
+
+using namespace StationImages;
 #include "Twips.h"
 
 #include "base/Dialogs.h"
@@ -60,13 +62,13 @@ void fmRegulatory::LadujObiekty()
     m_tree->clear();
     m_nodes.clear();
     m_pressedKey.clear();
-    QTreeWidgetItem *root = addNode(nullptr, RootKey, QStringLiteral("System Zorbel"), 1, QString());
-    QTreeWidgetItem *group = addNode(root, GroupKey, QStringLiteral("Regulatory"), 3, QStringLiteral("RR"));
+    QTreeWidgetItem *root = addNode(nullptr, RootKey, QStringLiteral("System Zorbel"), TreeImage::Plant, QString());
+    QTreeWidgetItem *group = addNode(root, GroupKey, QStringLiteral("Regulatory"), TreeImage::ControllerGroup, QStringLiteral("RR"));
     for (const auto &r : m_station.Regulatory) {
-        QTreeWidgetItem *controller = addNode(group, r->Kod, r->Kod, 2, QStringLiteral("R"));
+        QTreeWidgetItem *controller = addNode(group, r->Kod, r->Kod, TreeImage::Controller, QStringLiteral("R"));
         for (int n = 1; n <= StageCount; ++n)
             addNode(controller, r->Kod + QStringLiteral("_b") + QString::number(n),
-                    QStringLiteral("stopień ") + QString::number(n), 6, QStringLiteral("B"));
+                    QStringLiteral("stopień ") + QString::number(n), TreeImage::StageOff, QStringLiteral("B"));
     }
     root->setExpanded(true);
     group->setExpanded(true);
