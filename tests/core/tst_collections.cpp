@@ -55,24 +55,6 @@ private slots:
         QCOMPARE(order, QStringList({"R1", "R3", "R4"}));
     }
 
-    void newControllerStartsEmptyAndInactive()
-    {
-        colRegulatory c;
-        clRegulator &r = c.Add(5, QStringLiteral("A"), QStringLiteral("A"));
-        QVERIFY(!r.aktywny());
-        QVERIFY(r.NastepnyOdczyt.isZero());
-        QCOMPARE(r.clsStan.StanDiod1, std::uint8_t(0));
-        r.setAktywny(true);
-        QVERIFY(r.aktywny());
-    }
-
-    void metersFollowTheSamePattern()
-    {
-        colMierniki m;
-        m.Add(QStringLiteral("M1"), QStringLiteral("M1"));
-        QCOMPARE(m.Item(QStringLiteral("M1")).Kod, QStringLiteral("M1"));
-        QCOMPARE(errorOf([&] { m.Add(QStringLiteral("M1"), QStringLiteral("M1")); }), int(RunTimeError::DuplicateKey));
-    }
 };
 
 QTEST_GUILESS_MAIN(CollectionsTest)

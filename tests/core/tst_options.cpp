@@ -65,16 +65,6 @@ private slots:
         QCOMPARE(errorOf([&] { app.WczytajOpcje(store); }), error);
     }
 
-    void parameterSlotKeepsValuesAndObjects()
-    {
-        clsoApp app;
-        QVERIFY(!app.ParametrGlob().isValid());
-        app.setParametrGlob(true);
-        QCOMPARE(app.ParametrGlob().toBool(), true);
-        QObject o;
-        app.setParametrGlobObject(&o);
-        QCOMPARE(app.ParametrGlobObject(), &o);
-    }
 };
 
 QTEST_GUILESS_MAIN(OptionsTest)

@@ -114,21 +114,6 @@ private slots:
         QCOMPARE(errorOf([] { conv::toSingle(QVariant(1e39)); }), int(RunTimeError::Overflow));
     }
 
-    void runTimeErrorCarriesNumberAndPlace()
-    {
-        const RunTimeError e = RunTimeError::invalidUseOfNull().within(QStringLiteral("tabela Regulatory"));
-        QCOMPARE(e.number(), 94);
-        QCOMPARE(e.message(), QStringLiteral("Błąd wykonania '94': tabela Regulatory: Nieprawidłowe użycie wartości Null"));
-    }
-
-    void bitMasksArePowersOfTwo()
-    {
-        BitMasks m{};
-        fillBitMasks(m);
-        QCOMPARE(m[0], std::uint8_t(1));
-        QCOMPARE(m[5], std::uint8_t(32));
-        QCOMPARE(m[7], std::uint8_t(128));
-    }
 };
 
 QTEST_GUILESS_MAIN(SharedTypesTest)

@@ -131,15 +131,6 @@ private slots:
         QCOMPARE(rig.line.sent, QList<QByteArray>{bytes({2, 2, 0x2F, 5})});
     }
 
-    void plainFieldsAndLogic()
-    {
-        LinkRig rig;
-        QVERIFY(!rig.comm.Zajety);
-        rig.comm.Port = 3;
-        rig.comm.Stan = QStringLiteral("x");
-        QCOMPARE(rig.comm.Port, std::uint8_t(3));
-        QVERIFY(clComm::logic(-1) && clComm::logic(1) && !clComm::logic(0));
-    }
 };
 
 QTEST_GUILESS_MAIN(LinkWaitTest)

@@ -304,13 +304,6 @@ private slots:
         QCOMPARE(shortBlock[15], std::uint8_t(9));
     }
 
-    void tcpFieldIsKept()
-    {
-        LinkRig rig;
-        QVERIFY(!rig.komunikator.TCP);
-        rig.komunikator.TCP = true;
-        QVERIFY(rig.komunikator.TCP);
-    }
 };
 
 QTEST_GUILESS_MAIN(RozkazTest)

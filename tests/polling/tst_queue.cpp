@@ -29,23 +29,6 @@ class QueueTest : public QObject {
     }
 
 private slots:
-    void addFillsAnEntryAndKeysAreOptional()
-    {
-        SimStationRig rig;
-        startTwo(rig);
-        clsKolejka &q = rig.s().Kolejka;
-        clsPozKolejki &e = q.Add(2, QStringLiteral("Blokuj"), true, 0, {});
-        QCOMPARE(e.NrRegul, std::int16_t(2));
-        QCOMPARE(e.Polecenie, QStringLiteral("Blokuj"));
-        QVERIFY(e.flag());
-        q.Add(1, QStringLiteral("Ustaw_przel"), 0, 7, QStringLiteral("k"));
-        QCOMPARE(q.Count(), 2);
-        QCOMPARE(q.Item(QStringLiteral("K")).Status, std::uint8_t(7)); // keys compare case-blind
-        QCOMPARE(&q.Item(1), &e);
-        q.Remove(QStringLiteral("k"));
-        QCOMPARE(q.Count(), 1);
-        QVERIFY_THROWS_EXCEPTION(RunTimeError, q.Item(2));
-    }
 
     void anEmptyQueueDoesNothingAtAll()
     {

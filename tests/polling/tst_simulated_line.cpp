@@ -112,18 +112,6 @@ private slots:
         QCOMPARE(line.bytesWaiting(), 1);
     }
 
-    void openFailsWithTheGivenDescription()
-    {
-        FakeClock clock;
-        SimulatedLine line(clock);
-        line.failOpenWith(QStringLiteral("busy"));
-        QVERIFY(!line.open(1));
-        QVERIFY(!line.isOpen());
-        QCOMPARE(line.errorString(), QStringLiteral("busy"));
-        line.failOpenWith({});
-        QVERIFY(line.open(1));
-        QVERIFY(line.isOpen());
-    }
 };
 
 QTEST_GUILESS_MAIN(SimulatedLineTest)

@@ -36,12 +36,6 @@ private slots:
         QCOMPARE(rig.bus.receive(SimRig::frame(1, 0xB0, 4)).size(), size_t(1));
     }
 
-    void addressTwoIsServed()
-    {
-        SimRig rig({2});
-        QVERIFY(rig.readByte(2, 0x90) != 0xEE);
-    }
-
     void writesGetNoReply()
     {
         SimRig rig({5});
@@ -83,24 +77,6 @@ private slots:
         QVERIFY(rig.ask(SimRig::frame(5, 0xB0, 1, 0)).isEmpty());  // lamp byte 3 takes no write
         QVERIFY(rig.ask(SimRig::frame(5, 0x4F, 4)).isEmpty());
         QCOMPARE(rig.log.back().kind, Kind::Ignored);
-    }
-
-    void frameLogRecordsBothDirections()
-    {
-        SimRig rig({5});
-        rig.ask(QByteArray("\xFF\x01", 2));
-        rig.advanceSeconds(1);
-        rig.ask(SimRig::frame(5, 0x90, 4));
-        rig.ask(SimRig::frame(7, 0x90, 4));
-        QCOMPARE(rig.log.size(), size_t(4));
-        QCOMPARE(rig.log[0].kind, Kind::Discarded);
-        QCOMPARE(rig.log[1].kind, Kind::Received);
-        QCOMPARE(rig.log[1].bytes, SimRig::frame(5, 0x90, 4));
-        QCOMPARE(rig.log[2].kind, Kind::Answered);
-        QCOMPARE(rig.log[2].address, 5);
-        QCOMPARE(rig.log[3].kind, Kind::Received);
-        QCOMPARE(rig.log[3].address, 7);
-        QCOMPARE(rig.log[1].toText(), QStringLiteral("10:00:01.000 RX @5 02 05 90 04"));
     }
 
     void garbageOnTheLineNeverStopsService()

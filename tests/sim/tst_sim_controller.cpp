@@ -52,29 +52,6 @@ private slots:
         QVERIFY2(std::fabs(volts - measuring) < measuring * 0.05, qPrintable(QString::number(volts)));
     }
 
-    void mainsPeriodIsAbout2304()
-    {
-        SimRig rig({5});
-        for (int i = 0; i < 30; ++i, rig.advanceMinutes(7)) {
-            const int period = block16(rig.readBlock(5), 23) + 1;
-            QVERIFY2(period > 2295 && period < 2315, qPrintable(QString::number(period)));
-        }
-    }
-
-    void currentsAndDisplayArePlausible()
-    {
-        SimRig rig({5});
-        const QByteArray b = rig.readBlock(5);
-        const int total = block16(b, 19);
-        const int reactive = block16(b, 17);
-        QVERIFY(total > 100 && total < 2000);  // 0.5 A to 10 A on the secondary side
-        QVERIFY(std::abs(reactive) <= total);
-        const double tg = std::tan(block16(b, 21) / 10.0 * M_PI / 180);
-        const int shown = (quint8(b[27]) >> 4) * 1000 + (quint8(b[28]) >> 4) * 100
-            + (quint8(b[29]) >> 4) * 10 + (quint8(b[30]) >> 4);
-        QVERIFY2(std::fabs(shown / 1000.0 - std::fabs(tg)) < 0.01, qPrintable(QString::number(shown)));
-    }
-
     void countersGrowWithTime()
     {
         SimRig rig({5});

@@ -15,12 +15,6 @@ private:
     }
 
 private slots:
-    void noFaultIsOnByDefault()
-    {
-        const sim::FaultPlan plan;
-        for (Fault f : {Fault::Silence, Fault::ByteDrop, Fault::Noise, Fault::Delay, Fault::CounterReset})
-            QVERIFY(!plan.isOn(f));
-    }
 
     void silentAddressNeitherAnswersNorActs()
     {

@@ -99,13 +99,6 @@ private slots:
         QCOMPARE(out.requests[0].address, quint8(9));
     }
 
-    void stuffingDoublesEveryTwo()
-    {
-        QCOMPARE(sim::stuffReply(bytes({2})), bytes({2, 2}));
-        QCOMPARE(sim::stuffReply(bytes({1, 2, 3, 2, 2})), bytes({1, 2, 2, 3, 2, 2, 2, 2}));
-        QCOMPARE(sim::stuffReply(bytes({0, 0x20, 0x22, 0xFF})), bytes({0, 0x20, 0x22, 0xFF}));
-    }
-
     void dataBlockLayout()
     {
         sim::DataBlock b;

@@ -99,16 +99,6 @@ private slots:
         QVERIFY(!parse(args).error.isEmpty());
     }
 
-    void helpNamesEveryOption()
-    {
-        QVERIFY(parse({QStringLiteral("--help")}).helpWanted);
-        const QString help = helpText();
-        for (const char *option : {"--link", "--tcp", "--db", "--config", "--addresses", "--unpaced",
-                                   "--speed", "--silent", "--drop", "--noise", "--delay",
-                                   "--reset-counters", "--seed", "--log", "--verbose"})
-            QVERIFY2(help.contains(QLatin1String(option)), option);
-        QVERIFY(help.contains(QStringLiteral("OstPomiar")));
-    }
 };
 
 QTEST_GUILESS_MAIN(TestSimOptions)

@@ -68,25 +68,6 @@ class TestSimProgram : public QObject {
     Q_OBJECT
 
 private slots:
-    void helpExplainsTheProgram()
-    {
-        QProcess sim;
-        sim.start(TestEnv::program(QStringLiteral("zorbel-sim")), {QStringLiteral("--help")});
-        QVERIFY(sim.waitForFinished(10000));
-        QCOMPARE(sim.exitCode(), 0);
-        const QString help = QString::fromUtf8(sim.readAllStandardOutput());
-        QVERIFY(help.contains(QStringLiteral("--reset-counters")));
-        QVERIFY(help.contains(QStringLiteral("Stacja z symulatorem")));
-    }
-
-    void badCommandLineExitsWithTwo()
-    {
-        QProcess sim;
-        sim.start(TestEnv::program(QStringLiteral("zorbel-sim")), {QStringLiteral("--drop"), QStringLiteral("7")});
-        QVERIFY(sim.waitForFinished(10000));
-        QCOMPARE(sim.exitCode(), 2);
-        QVERIFY(sim.readAllStandardError().contains("--help"));
-    }
 
     void databaseGivesControllersAndCounters()
     {

@@ -202,29 +202,6 @@ private slots:
         QCOMPARE(RunTimeError::elementNotFound().description(), QStringLiteral("Nie znaleziono elementu"));
     }
 
-    void imagesAndColoursReadBackAsSet()
-    {
-        Rig rig;
-        fmRegulatory &w = *rig.window;
-        const QString stage = QStringLiteral("HALA-B_b2");
-        const QIcon off = rig.item(stage)->icon(0);
-        w.setNodeImage(stage, 5);
-        QCOMPARE(w.nodeImage(stage), 5);
-        QVERIFY(rig.item(stage)->icon(0).pixmap(16, 16).toImage() != off.pixmap(16, 16).toImage());
-        w.setNodeImage(QStringLiteral("HALA-B"), 4);
-        QCOMPARE(w.nodeImage(QStringLiteral("HALA-B")), 4);
-
-        QCOMPARE(w.nodeForeColor(stage), 0u);
-        w.setNodeForeColor(stage, 255);
-        QCOMPARE(w.nodeForeColor(stage), 255u);
-        QCOMPARE(rig.item(stage)->foreground(0).color(), QColor(255, 0, 0));
-        w.setNodeForeColor(stage, 0xFF8000); // red in the low byte: this is a blue
-        QCOMPARE(rig.item(stage)->foreground(0).color(), QColor(0, 0x80, 0xFF));
-        QCOMPARE(w.nodeForeColor(stage), 0xFF8000u);
-        w.setNodeForeColor(stage, 0);
-        QCOMPARE(rig.item(stage)->foreground(0).color(), QColor(0, 0, 0));
-    }
-
     void alarmListPaintsTheControllersNode()
     {
         Rig rig;

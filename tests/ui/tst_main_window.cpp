@@ -110,36 +110,6 @@ QAction *entry(Rig &rig, const char *name)
 class MainWindowTest : public QObject {
     Q_OBJECT
 private slots:
-    void menuTreeStandsAsDesigned()
-    {
-        Rig rig;
-        QCOMPARE(rig.frame.windowTitle(), QStringLiteral("Zorbel"));
-        QStringList bar, shownOnBar;
-        for (QAction *a : rig.frame.menuBar()->actions()) {
-            bar << a->text();
-            if (a->isVisible())
-                shownOnBar << a->text();
-        }
-        QCOMPARE(bar, (QStringList{"&Plik", "&Baza danych", "&Regulator", "&Raporty", "&Wykresy", "&Sterowanie",
-                                   "&Narzędzia", "&Pomoc", "Struktura"}));
-        QCOMPARE(shownOnBar, (QStringList{"&Plik", "&Regulator", "&Raporty", "&Wykresy", "&Sterowanie", "&Narzędzia",
-                                          "&Pomoc"}));
-        QStringList regul;
-        for (QAction *a : rig.frame.menu(QStringLiteral("popmnuRegul"))->actions())
-            regul << (a->isSeparator() ? QStringLiteral("-") : a->text());
-        QCOMPARE(regul, (QStringList{"wyświetl panel", "wyświetl dane", "&Monitoring", "&Stopień", "-",
-                                     "&Raport z akt. doby", "&Wykres z akt. doby", "&Alarmy z doby", "-",
-                                     "&Zablokuj regulator", "-", "edytuj", "usuń"}));
-        QVERIFY(!entry(rig, "mnuRegulPanel")->isVisible());
-        QVERIFY(!entry(rig, "mnureguldane")->isVisible());
-        for (const char *off : {"mnuRegulBatZal", "mnuRegulBatTestuj", "mnuRegulZablok"})
-            QVERIFY2(!entry(rig, off)->isEnabled(), off);
-        QCOMPARE(entry(rig, "mnuSterWlacz")->text(), QStringLiteral("Włącz tryb &sterowania"));
-        QCOMPARE(entry(rig, "mnuRegulBatZal")->text(), QStringLiteral("&Załącz stopień"));
-        QCOMPARE(entry(rig, "mnuPomocOProgramie")->text(), QStringLiteral("&O programie"));
-        QCOMPARE(entry(rig, "mnuNarzAlarmy")->text(), QStringLiteral("Archiwum &alarmów"));
-        QCOMPARE(entry(rig, "mnuStrRapOkr")->text(), QStringLiteral("raport okresowy"));
-    }
 
     void loadPreparesBarsAndLogsTheStart()
     {
@@ -172,19 +142,6 @@ private slots:
         QCOMPARE(rig.s.oApp.Znakdaty, QStringLiteral("#"));
         QCOMPARE(rig.lastLog(), QStringLiteral("Start aplikacji|N|L|"));
         QVERIFY(!rig.timers.Timer1.isActive()); // polling is the start's last step, not the window's
-    }
-
-    void buttonsWithoutActionChangeNothing()
-    {
-        Rig rig;
-        const QStringList before = rig.childNames();
-        rig.frame.toolbar().at(1)->trigger();
-        rig.frame.toolbar().at(11)->trigger();
-        rig.frame.ToolbarAction(QStringLiteral("Nieznany"), true);
-        QCOMPARE(rig.childNames(), before);
-        QCOMPARE(rig.s.Kolejka.Count(), 0);
-        QCOMPARE(rig.lastLog(), QStringLiteral("Start aplikacji|N|L|"));
-        QVERIFY(rig.f.dialogs.calls.isEmpty());
     }
 
     void panelAndDataFollowTheirButtonsAndMenuMarks()

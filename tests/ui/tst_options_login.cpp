@@ -81,22 +81,6 @@ private slots:
         app.WczytajOpcje(store);
     }
 
-    void loginWindowHasItsCaptionsAndMask()
-    {
-        fmLogin login(app, dialogs);
-        login.show();
-        QCOMPARE(login.windowTitle(), QStringLiteral("Login"));
-        QCOMPARE(control<QLabel>(login, "lblLabels0")->text(), QStringLiteral("Użytkownik:"));
-        QCOMPARE(control<QLabel>(login, "lblLabels1")->text(), QStringLiteral("Hasło:"));
-        QVERIFY(edit(login, "txtUserName")->text().isEmpty());
-        QCOMPARE(edit(login, "txtPassword")->echoMode(), QLineEdit::Password);
-        QCOMPARE(maskOf(edit(login, "txtPassword")), QLatin1Char('*'));
-        QCOMPARE(button(login, "cmdOK")->text(), QStringLiteral("&OK"));
-        QVERIFY(button(login, "cmdOK")->isDefault());
-        QCOMPARE(button(login, "cmdCancel")->text(), QStringLiteral("&Anuluj"));
-        QCOMPARE(clippedControls(login), QStringList());
-    }
-
     void kastorWithTheAdministratorPasswordLogsIn()
     {
         fmLogin login(app, dialogs);
@@ -205,28 +189,6 @@ private slots:
         QCOMPARE(stored(store, "port", "nr_portu"), QStringLiteral("(none)")); // showing writes nothing
     }
 
-    void optionsHaveTheirCaptions()
-    {
-        frmOptions options(app, store);
-        options.show();
-        auto *tbsOptions = control<QTabBar>(options, "tbsOptions");
-        QCOMPARE(tbsOptions->count(), 1);
-        QCOMPARE(tbsOptions->tabText(0), QStringLiteral("Ustawienia ogólne"));
-        QCOMPARE(control<QLabel>(options, "Label1")->text(), QStringLiteral("Port szeregowy:"));
-        QCOMPARE(control<QLabel>(options, "Label2")->text(), QStringLiteral("Hasło administartora"));
-        QCOMPARE(control<QCheckBox>(options, "chkDzwieki")->text(), QStringLiteral("sygnalizacja dźwiękowa"));
-        QCOMPARE(button(options, "cmdOK")->text(), QStringLiteral("&OK"));
-        QCOMPARE(button(options, "cmdCancel")->text(), QStringLiteral("&Anuluj"));
-        QCOMPARE(button(options, "cmdApply")->text(), QStringLiteral("&Zastosuj"));
-        for (int i = 2; i <= 4; ++i) {
-            const QByteArray name = "fraSample" + QByteArray::number(i);
-            auto *frame = control<QGroupBox>(options, name.constData());
-            QCOMPARE(frame->title(), QStringLiteral("Sample %1").arg(i));
-            QCOMPARE(frame->parentWidget()->objectName(), QStringLiteral("picOptions%1").arg(i - 1));
-        }
-        QCOMPARE(clippedControls(options), QStringList());
-    }
-
     void applyWritesTheThreeKeysAndTwoOptions()
     {
         app.TrybSterowania = false;
@@ -289,50 +251,6 @@ private slots:
         QCOMPARE(app.Dzwieki, std::int16_t(0));
     }
 
-    void pagesStandByTheSelectedTabAndCtrlTabGoesRound()
-    {
-        app.TrybSterowania = true;
-        frmOptions options(app, store);
-        options.show();
-        auto *tbsOptions = control<QTabBar>(options, "tbsOptions");
-        QLineEdit *txtHaslo = edit(options, "txtHaslo");
-        txtHaslo->setFocus();
-        auto pageShown = [&](int shown) {
-            for (int i = 0; i < 4; ++i) {
-                QWidget *page = control<QWidget>(options, QByteArray("picOptions" + QByteArray::number(i)).constData());
-                if (page->isVisibleTo(&options) != (i == shown) || page->x() != twips::toPixels(i == shown ? 210 : -20000))
-                    return false;
-            }
-            return true;
-        };
-        QVERIFY(pageShown(0));
-        QTest::keyClick(txtHaslo, Qt::Key_Tab, Qt::ControlModifier);
-        QCOMPARE(tbsOptions->currentIndex(), 0); // the one tab is selected again
-        QVERIFY(pageShown(0));
-        QCOMPARE(options.focusWidget(), txtHaslo); // the key moved no focus
-
-        tbsOptions->addTab(QStringLiteral("Druga")); // the rule holds for more tabs
-        QTest::keyClick(control<QComboBox>(options, "cmbPort")->lineEdit(), Qt::Key_Tab, Qt::ControlModifier);
-        QCOMPARE(tbsOptions->currentIndex(), 1);
-        QVERIFY(pageShown(1));
-        QTest::keyClick(button(options, "cmdOK"), Qt::Key_Tab, Qt::ControlModifier);
-        QCOMPARE(tbsOptions->currentIndex(), 0);
-        QVERIFY(pageShown(0));
-    }
-
-    void optionsWorkModallyAndNonModally()
-    {
-        frmOptions modal(app, store);
-        QTimer::singleShot(0, &modal, [&] { button(modal, "cmdOK")->click(); });
-        QCOMPARE(modal.exec(), int(QDialog::Accepted));
-        QCOMPARE(stored(store, "port", "nr_portu"), QStringLiteral("1"));
-
-        QPointer<frmOptions> fromMenu = new frmOptions(app, store);
-        fromMenu->setAttribute(Qt::WA_DeleteOnClose);
-        fromMenu->show();
-        button(*fromMenu, "cmdCancel")->click();
-        QTRY_VERIFY(fromMenu.isNull());
-    }
 };
 
 QTEST_MAIN(OptionsLoginTest)
