@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "ErrorOf.h"
 #include "base/RunTimeError.h"
 #include "base/clsFunkcje.h"
@@ -34,5 +35,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(ByteHelpersTest)
+ZORBEL_TEST_MAIN(ByteHelpersTest)
 #include "tst_byte_helpers.moc"

@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "ErrorOf.h"
 #include "base/RunTimeError.h"
 #include "model/colMierniki.h"
@@ -57,5 +58,5 @@ private slots:
 
 };
 
-QTEST_GUILESS_MAIN(CollectionsTest)
+ZORBEL_TEST_MAIN(CollectionsTest)
 #include "tst_collections.moc"

@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "base/CommandLine.h"
 
 #include <QTest>
@@ -108,5 +109,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(CommandLineTest)
+ZORBEL_TEST_MAIN(CommandLineTest)
 #include "tst_command_line.moc"

@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "RecordingWizual.h"
 
 #include "base/LoginPrompt.h"
@@ -90,5 +91,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(ControlModeTest)
+ZORBEL_TEST_MAIN(ControlModeTest)
 #include "tst_control_mode.moc"

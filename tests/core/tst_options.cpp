@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "ErrorOf.h"
 #include "TestEnv.h"
 
@@ -67,5 +68,5 @@ private slots:
 
 };
 
-QTEST_GUILESS_MAIN(OptionsTest)
+ZORBEL_TEST_MAIN(OptionsTest)
 #include "tst_options.moc"

@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "StationFixture.h"
 #include "TestEnv.h"
 
@@ -53,5 +54,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(PortFailureSplashTest)
+ZORBEL_TEST_MAIN(PortFailureSplashTest)
 #include "tst_port_failure_splash.moc"

@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "ErrorOf.h"
 #include "StationFixture.h"
 #include "TestEnv.h"
@@ -111,5 +112,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(PortOpeningTest)
+ZORBEL_TEST_MAIN(PortOpeningTest)
 #include "tst_port_opening_and_stop.moc"

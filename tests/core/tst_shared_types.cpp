@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "ErrorOf.h"
 #include "base/Conversions.h"
 #include "base/NumberForm.h"
@@ -116,5 +117,5 @@ private slots:
 
 };
 
-QTEST_GUILESS_MAIN(SharedTypesTest)
+ZORBEL_TEST_MAIN(SharedTypesTest)
 #include "tst_shared_types.moc"

@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "StationFixture.h"
 #include "TestEnv.h"
 
@@ -126,5 +127,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(StartUpTest)
+ZORBEL_TEST_MAIN(StartUpTest)
 #include "tst_startup.moc"

@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "TestDatabases.h"
 #include "TestEnv.h"
 
@@ -130,5 +131,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(AdminTest)
+ZORBEL_TEST_MAIN(AdminTest)
 #include "tst_admin.moc"

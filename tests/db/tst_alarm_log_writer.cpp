@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "ErrorOf.h"
 #include "TestDatabases.h"
 #include "TestEnv.h"
@@ -108,5 +109,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(AlarmLogWriterTest)
+ZORBEL_TEST_MAIN(AlarmLogWriterTest)
 #include "tst_alarm_log_writer.moc"

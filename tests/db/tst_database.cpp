@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "TestDatabases.h"
 #include "TestEnv.h"
 
@@ -141,5 +142,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(DatabaseTest)
+ZORBEL_TEST_MAIN(DatabaseTest)
 #include "tst_database.moc"

@@ -1,6 +1,7 @@
 // Keeping the station's device open: a device that goes away is tried
 // again at most once a second of the station's clock, and not at all after
 // its owner has closed it.
+#include "TestMain.h"
 #include "FakeClock.h"
 
 #include "link/DeviceKeeper.h"
@@ -173,5 +174,5 @@ private slots:
 
 }
 
-QTEST_GUILESS_MAIN(DeviceKeeperTest)
+ZORBEL_TEST_MAIN(DeviceKeeperTest)
 #include "tst_device_keeper.moc"

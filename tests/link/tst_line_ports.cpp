@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "CpuTime.h"
 #include "ErrorOf.h"
 #include "base/Clock.h"
@@ -241,5 +242,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(LinePortsTest)
+ZORBEL_TEST_MAIN(LinePortsTest)
 #include "tst_line_ports.moc"

@@ -2,6 +2,7 @@
 // comes back on the same device name, on a pseudo-terminal behind a fixed
 // symlink and on a fixed TCP port. Readings fail meanwhile without a busy
 // wait, and succeed again once the device is back.
+#include "TestMain.h"
 #include "CpuTime.h"
 #include "RecordingDialogs.h"
 #include "RecordingWizual.h"
@@ -147,5 +148,5 @@ private slots:
 
 }
 
-QTEST_GUILESS_MAIN(LineReopenTest)
+ZORBEL_TEST_MAIN(LineReopenTest)
 #include "tst_line_reopen.moc"

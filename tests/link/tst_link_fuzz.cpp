@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "LinkRig.h"
 
 #include <QRandomGenerator>
@@ -99,5 +100,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(LinkFuzzTest)
+ZORBEL_TEST_MAIN(LinkFuzzTest)
 #include "tst_link_fuzz.moc"

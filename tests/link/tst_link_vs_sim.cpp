@@ -1,6 +1,7 @@
 // The link against the simulated bus over a real pseudo-terminal: what the
 // station sends and reads on a real serial device, with the real pump and
 // clock, as it will on a plant's line.
+#include "TestMain.h"
 #include "RecordingDialogs.h"
 #include "RecordingWizual.h"
 #include "TestEnv.h"
@@ -126,5 +127,5 @@ private slots:
 
 }
 
-QTEST_MAIN(LinkVsSimTest)
+ZORBEL_TEST_MAIN(LinkVsSimTest)
 #include "tst_link_vs_sim.moc"

@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "LinkRig.h"
 
 #include <QTest>
@@ -133,5 +134,5 @@ private slots:
 
 };
 
-QTEST_GUILESS_MAIN(LinkWaitTest)
+ZORBEL_TEST_MAIN(LinkWaitTest)
 #include "tst_link_wait.moc"

@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "ErrorOf.h"
 #include "LinkRig.h"
 
@@ -306,5 +307,5 @@ private slots:
 
 };
 
-QTEST_GUILESS_MAIN(RozkazTest)
+ZORBEL_TEST_MAIN(RozkazTest)
 #include "tst_rozkaz.moc"

@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "ErrorOf.h"
 #include "ModelRig.h"
 
@@ -213,5 +214,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(ActiveAlarmListTest)
+ZORBEL_TEST_MAIN(ActiveAlarmListTest)
 #include "tst_active_alarm_list.moc"

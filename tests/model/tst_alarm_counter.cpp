@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "ModelRig.h"
 
 #include <QTest>
@@ -19,5 +20,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(AlarmCounterTest)
+ZORBEL_TEST_MAIN(AlarmCounterTest)
 #include "tst_alarm_counter.moc"

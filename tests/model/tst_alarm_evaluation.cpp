@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "ModelRig.h"
 
 #include <QTest>
@@ -188,5 +189,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(AlarmEvaluationTest)
+ZORBEL_TEST_MAIN(AlarmEvaluationTest)
 #include "tst_alarm_evaluation.moc"

@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "ModelRig.h"
 
 #include <QTest>
@@ -287,5 +288,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(ControlTest)
+ZORBEL_TEST_MAIN(ControlTest)
 #include "tst_control.moc"

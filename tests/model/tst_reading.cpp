@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "ErrorOf.h"
 #include "ModelRig.h"
 
@@ -292,5 +293,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(ReadingTest)
+ZORBEL_TEST_MAIN(ReadingTest)
 #include "tst_reading.moc"

@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "ModelRig.h"
 
 #include <QRegularExpression>
@@ -278,5 +279,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(SampleStorageTest)
+ZORBEL_TEST_MAIN(SampleStorageTest)
 #include "tst_sample_storage.moc"

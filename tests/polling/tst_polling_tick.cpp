@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "SimStationRig.h"
 
 #include "base/RunTimeError.h"
@@ -240,5 +241,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(PollingTickTest)
+ZORBEL_TEST_MAIN(PollingTickTest)
 #include "tst_polling_tick.moc"

@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "SimStationRig.h"
 
 #include "base/RunTimeError.h"
@@ -165,5 +166,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(QueueTest)
+ZORBEL_TEST_MAIN(QueueTest)
 #include "tst_queue.moc"

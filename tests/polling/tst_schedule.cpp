@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "ErrorOf.h"
 #include "SimStationRig.h"
 
@@ -202,5 +203,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(ScheduleTest)
+ZORBEL_TEST_MAIN(ScheduleTest)
 #include "tst_schedule.moc"

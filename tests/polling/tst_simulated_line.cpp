@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "FakeClock.h"
 #include "FakeEventPump.h"
 #include "SimulatedLine.h"
@@ -114,5 +115,5 @@ private slots:
 
 };
 
-QTEST_GUILESS_MAIN(SimulatedLineTest)
+ZORBEL_TEST_MAIN(SimulatedLineTest)
 #include "tst_simulated_line.moc"

@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "SimStationRig.h"
 
 #include <QTest>
@@ -76,5 +77,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(StationEndToEndTest)
+ZORBEL_TEST_MAIN(StationEndToEndTest)
 #include "tst_station_e2e.moc"

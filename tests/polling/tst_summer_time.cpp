@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "SimStationRig.h"
 
 #include <QTest>
@@ -104,5 +105,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(SummerTimeTest)
+ZORBEL_TEST_MAIN(SummerTimeTest)
 #include "tst_summer_time.moc"

@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "SimRig.h"
 
 #include <QtTest>
@@ -103,5 +104,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestSimBus)
+ZORBEL_TEST_MAIN(TestSimBus)
 #include "tst_sim_bus.moc"

@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "SimRig.h"
 
 #include "simcore/RawScale.h"
@@ -198,5 +199,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestSimController)
+ZORBEL_TEST_MAIN(TestSimController)
 #include "tst_sim_controller.moc"

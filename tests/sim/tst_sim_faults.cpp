@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "SimRig.h"
 
 #include <QtTest>
@@ -115,5 +116,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestSimFaults)
+ZORBEL_TEST_MAIN(TestSimFaults)
 #include "tst_sim_faults.moc"

@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "simcore/DataBlock.h"
 #include "simcore/FrameReader.h"
 #include "simcore/Stuffing.h"
@@ -123,5 +124,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestSimFrames)
+ZORBEL_TEST_MAIN(TestSimFrames)
 #include "tst_sim_frames.moc"

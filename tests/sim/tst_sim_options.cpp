@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "AddressList.h"
 #include "ControllerSources.h"
 #include "SimOptions.h"
@@ -101,5 +102,5 @@ private slots:
 
 };
 
-QTEST_GUILESS_MAIN(TestSimOptions)
+ZORBEL_TEST_MAIN(TestSimOptions)
 #include "tst_sim_options.moc"

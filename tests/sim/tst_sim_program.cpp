@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "ControllerSources.h"
 #include "TestEnv.h"
 
@@ -154,5 +155,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(TestSimProgram)
+ZORBEL_TEST_MAIN(TestSimProgram)
 #include "tst_sim_program.moc"

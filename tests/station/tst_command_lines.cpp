@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "TestEnv.h"
 
 #include <QProcess>
@@ -69,5 +70,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(CommandLinesTest)
+ZORBEL_TEST_MAIN(CommandLinesTest)
 #include "tst_command_lines.moc"

@@ -1,5 +1,6 @@
 // A station killed at any moment while it stores samples leaves the archive
 // and the counters of the last sample in step: every period is booked once.
+#include "TestMain.h"
 #include "StationFixture.h"
 #include "TestEnv.h"
 
@@ -73,5 +74,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(KillConsistencyTest)
+ZORBEL_TEST_MAIN(KillConsistencyTest)
 #include "tst_kill_consistency.moc"

@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "StationFixture.h"
 #include "TestEnv.h"
 
@@ -125,5 +126,5 @@ private slots:
     }
 };
 
-QTEST_GUILESS_MAIN(StationProcessTest)
+ZORBEL_TEST_MAIN(StationProcessTest)
 #include "tst_station_process.moc"

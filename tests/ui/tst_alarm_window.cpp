@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "StationFixture.h"
 #include "TestEnv.h"
 
@@ -54,5 +55,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(AlarmWindowTest)
+ZORBEL_TEST_MAIN(AlarmWindowTest)
 #include "tst_alarm_window.moc"

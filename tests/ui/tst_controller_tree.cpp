@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "ErrorOf.h"
 #include "StationFixture.h"
 #include "TestEnv.h"
@@ -234,5 +235,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(ControllerTreeTest)
+ZORBEL_TEST_MAIN(ControllerTreeTest)
 #include "tst_controller_tree.moc"

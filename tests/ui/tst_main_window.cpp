@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "StationFixture.h"
 #include "TestEnv.h"
 
@@ -401,5 +402,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(MainWindowTest)
+ZORBEL_TEST_MAIN(MainWindowTest)
 #include "tst_main_window.moc"

@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "ClippedControls.h"
 #include "RecordingDialogs.h"
 
@@ -253,5 +254,5 @@ private slots:
 
 };
 
-QTEST_MAIN(OptionsLoginTest)
+ZORBEL_TEST_MAIN(OptionsLoginTest)
 #include "tst_options_login.moc"

@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "StationFixture.h"
 #include "TestEnv.h"
 
@@ -57,5 +58,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(OptionsOnceTest)
+ZORBEL_TEST_MAIN(OptionsOnceTest)
 #include "tst_options_once.moc"

@@ -1,3 +1,4 @@
+#include "TestMain.h"
 #include "TestEnv.h"
 
 #include "WavePlayer.h"
@@ -116,5 +117,5 @@ private slots:
     }
 };
 
-QTEST_MAIN(WaveFilesTest)
+ZORBEL_TEST_MAIN(WaveFilesTest)
 #include "tst_wave_files.moc"
