@@ -80,33 +80,6 @@ private slots:
         QVERIFY(a.out.isEmpty());
     }
 
-    void helpAndVersionGoToTheOutputWithExitCodeZero()
-    {
-        Prog p;
-        p.line.parse({QStringLiteral("prog"), QStringLiteral("--help")});
-        const Answer help = answer(p.line);
-        QCOMPARE(help.code.value_or(-1), 0);
-        QCOMPARE(help.out, QStringLiteral("Użycie: prog [opcje] [PLIK]\n"
-                                          "Program do prób.\n"
-                                          "\n"
-                                          "Opcje:\n"
-                                          "  -h, --help  pokazuje tę pomoc\n"
-                                          "  --version   pokazuje wersję programu\n"
-                                          "  --force     zastępuje\n"
-                                          "  --count N   ile razy,\n"
-                                          "              od 0 do 5\n"
-                                          "\n"
-                                          "Szczegóły na końcu.\n"));
-        QVERIFY(help.err.isEmpty());
-
-        p.line.parse({QStringLiteral("prog"), QStringLiteral("--version")});
-        const Answer version = answer(p.line);
-        QCOMPARE(version.code.value_or(-1), 0);
-        QCOMPARE(version.out, QStringLiteral("prog, wersja " ZORBEL_VERSION "\n"));
-
-        p.line.parse({QStringLiteral("prog")});
-        QVERIFY(!answer(p.line).code); // the program runs
-    }
 };
 
 ZORBEL_TEST_MAIN(CommandLineTest)

@@ -1,5 +1,4 @@
 #include "TestMain.h"
-#include "CpuTime.h"
 #include "ErrorOf.h"
 #include "base/Clock.h"
 #include "base/RunTimeError.h"
@@ -203,43 +202,6 @@ private slots:
         QVERIFY(wall.elapsed() < 1000);
     }
 
-    void silentWaitTimesOutWithoutSpinning()
-    {
-        Peer peer;
-        StationLine line(peer.store);
-        QVERIFY(line.open(2));
-        SystemClock clock;
-        QtEventPump pump;
-        RecordingDialogs dialogs;
-        clComm comm(line, clock, pump, dialogs);
-        QElapsedTimer wall;
-        wall.start();
-        const std::int64_t cpuBefore = cpuMs();
-        QVERIFY(!comm.JestWBuforze());
-        const std::int64_t cpu = cpuMs() - cpuBefore;
-        QVERIFY2(wall.elapsed() > 2000 && wall.elapsed() < 4500, qPrintable(QString::number(wall.elapsed())));
-        // a spinning wait would take the whole of it
-        QVERIFY2(cpu < wall.elapsed() / 10, qPrintable(QString::number(cpu)));
-    }
-
-    void idlePassesSleepUntilAnEventComes()
-    {
-        QtEventPump pump;
-        bool fired = false;
-        QTimer::singleShot(20, [&] { fired = true; });
-        QElapsedTimer wall;
-        wall.start();
-        std::int64_t idle = 0;
-        int passes = 0;
-        while (!fired && passes < 1000) {
-            idle += pump.processEvents(QtEventPump::MaxIdleMs);
-            ++passes;
-        }
-        QVERIFY(fired);
-        // it slept rather than spun, and woke with the event, not at the end of its slice
-        QVERIFY2(passes < 10 && idle >= 10, qPrintable(QStringLiteral("%1 passes, %2 ms").arg(passes).arg(idle)));
-        QVERIFY(wall.elapsed() < QtEventPump::MaxIdleMs);
-    }
 };
 
 ZORBEL_TEST_MAIN(LinePortsTest)

@@ -45,15 +45,6 @@ private slots:
         QVERIFY(rig.ask(SimRig::frame(5, 0x6A, 3, 0x00)).isEmpty());
     }
 
-    void everyTwoInAReplyIsDoubled()
-    {
-        SimRig rig({5});
-        rig.ask(SimRig::frame(5, 0x2F, 3, 0x02));
-        QCOMPARE(rig.ask(SimRig::frame(5, 0x2F, 5)), QByteArray("\x02\x02", 2));
-        rig.ask(SimRig::frame(5, 0x70, 3, 0x02));
-        QCOMPARE(rig.ask(SimRig::frame(5, 0x70, 5)), QByteArray("\x02\x02", 2));
-    }
-
     void dataReplyIsStuffedThroughout()
     {
         SimRig rig({5});
@@ -80,28 +71,6 @@ private slots:
         QCOMPARE(rig.log.back().kind, Kind::Ignored);
     }
 
-    void garbageOnTheLineNeverStopsService()
-    {
-        SimRig rig({1, 2, 5});
-        QRandomGenerator random(11);
-        for (int round = 0; round < 500; ++round) {
-            QByteArray chunk(random.bounded(1, 64), Qt::Uninitialized);
-            for (char &c : chunk)
-                c = char(random.bounded(256));
-            rig.ask(chunk);  // answers to chance frames are allowed
-            rig.clock.advance(random.bounded(40));
-        }
-        rig.advanceSeconds(1);
-        const QByteArray data = SimRig::unstuff(rig.ask(SimRig::frame(5, 0x4F, 6)));
-        QCOMPARE(data.size(), 33);
-    }
-
-    void noiseDirectlyBeforeAFrameIsSkipped()
-    {
-        SimRig rig({5});
-        const QByteArray noisy = QByteArray("\x02\x07\x00", 3) + SimRig::frame(5, 0x90, 4);
-        QCOMPARE(SimRig::unstuff(rig.ask(noisy)).size(), 1);
-    }
 };
 
 ZORBEL_TEST_MAIN(TestSimBus)

@@ -67,18 +67,6 @@ private slots:
         QVERIFY2(active > 300000 && active < 2000000, qPrintable(QString::number(active)));
     }
 
-    void capacitiveCounterRunsDownward()
-    {
-        SimRig rig({5});
-        rig.advanceMinutes(1);
-        blockWithStages(rig, 5, 0x00, 0x7F);  // all nine stages on: overcompensated
-        const qint32 before = block32(rig.readBlock(5), 4);
-        rig.advanceMinutes(30);
-        const QByteArray after = rig.readBlock(5);
-        QVERIFY(block32(after, 4) < before);
-        QVERIFY(block16(after, 17) < 0);  // the reactive current is capacitive
-    }
-
     void countersStartFromTheStoredState()
     {
         sim::ControllerConfig c;
@@ -118,15 +106,6 @@ private slots:
         QVERIFY(rig.readByte(5, kLamps1) != 0xFF);
     }
 
-    void otherBitsOfTheBlockingByteDoNotBlock()
-    {
-        SimRig rig({5});
-        rig.ask(SimRig::frame(5, kBlocking, 3, 0xDF));
-        QVERIFY(rig.bus.controller(5)->regulating());
-        rig.ask(SimRig::frame(5, kBlocking, 3, 0x20));
-        QVERIFY(!rig.bus.controller(5)->regulating());
-    }
-
     void stageWritesSwitchStages()
     {
         SimRig rig({5});
@@ -157,14 +136,6 @@ private slots:
         QCOMPARE(rig.readByte(5, 0x73, 5), quint8(0));
         rig.advanceMinutes(5);
         QCOMPARE(rig.readByte(5, 0x73, 5), quint8(0));
-    }
-
-    void lastDischargeTimerIsStageNine()
-    {
-        SimRig rig({5});
-        rig.ask(SimRig::frame(5, 0x78, 3, 0x3C));
-        rig.advanceSeconds(45);
-        QCOMPARE(rig.readByte(5, 0x78, 5), quint8(15));
     }
 
     void keysAreShownInTheDataBlock()

@@ -41,22 +41,6 @@ private slots:
         QCOMPARE(dataReplyLength(rig, 5), 0);
     }
 
-    void partialDropLosesSomeBytes()
-    {
-        SimRig rig({5});
-        sim::FaultPlan plan;
-        plan.dropProbability = 0.1;
-        rig.bus.setFaults(plan);
-        int cut = 0;
-        for (int i = 0; i < 50; ++i)
-            cut += dataReplyLength(rig, 5) < 33 ? 1 : 0;
-        QVERIFY(cut > 25);  // 33 bytes at 10 %: most replies lose some
-        const auto noted = std::count_if(rig.log.begin(), rig.log.end(), [](const auto &e) {
-            return e.kind == Kind::Answered && e.note.contains(QStringLiteral("utracone"));
-        });
-        QCOMPARE(int(noted), cut);
-    }
-
     void noiseAddsOneByte()
     {
         SimRig rig({5});
@@ -99,21 +83,6 @@ private slots:
         QVERIFY(blockUnsigned(rig.readBlock(6), 0, 4) > apparentSix);
     }
 
-    void sameSeedSameFaults()
-    {
-        auto run = [] {
-            SimRig rig({5});
-            sim::FaultPlan plan;
-            plan.dropProbability = 0.2;
-            plan.noiseProbability = 0.3;
-            rig.bus.setFaults(plan);
-            QByteArray all;
-            for (int i = 0; i < 10; ++i)
-                all += rig.ask(SimRig::frame(5, 0x90, 4));
-            return all;
-        };
-        QCOMPARE(run(), run());
-    }
 };
 
 ZORBEL_TEST_MAIN(TestSimFaults)

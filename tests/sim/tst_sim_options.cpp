@@ -51,14 +51,6 @@ private slots:
         }
     }
 
-    void restrictKeepsListed()
-    {
-        const auto all = ControllerSources::fromAddresses({1, 2, 5});
-        const auto some = ControllerSources::restrictTo(all, {2, 5, 8});
-        QCOMPARE(some.size(), size_t(2));
-        QCOMPARE(some[1].address, 5);
-    }
-
     void faultOptions()
     {
         const auto r = parse({QStringLiteral("--addresses"), QStringLiteral("1-3"),
