@@ -6,6 +6,7 @@
 #include "DemoInstallation.h"
 #include "db/Database.h"
 #include "db/Schema.h"
+#include "db/SchemaVersion.h"
 
 #include <QFile>
 #include <QTest>
@@ -108,6 +109,38 @@ private slots:
             QVERIFY(last.value(3).toInt() >= 2 * 24 * 4); // two days at a quarter hour or finer
         }
         QCOMPARE(addresses, int(DemoInstallation::controllers().size()));
+    }
+
+    // An older database moves forward keeping its rows; a current one stays;
+    // a newer one is refused untouched.
+    void upgradeMovesOnlyAnOlderSchemaForward_data() { TestDatabases::addEngineRows(); }
+    void upgradeMovesOnlyAnOlderSchemaForward()
+    {
+        TestEnv env;
+        ZORBEL_FETCH_EMPTY_DATABASE(config);
+        const QStringList upgrade{QStringLiteral("upgrade"), QStringLiteral("--db"), url(config)};
+        QCOMPARE(admin(upgrade).code, 1); // no station tables yet: init makes them
+        QCOMPARE(admin({QStringLiteral("init"), QStringLiteral("--db"), url(config)}).code, 0);
+        Database db(config);
+        db.open();
+        db.exec(SqlStatement(QStringLiteral("INSERT INTO Regulatory (Kod, Adres) VALUES ('K', 1)")));
+        db.execText(QStringLiteral("DROP TABLE WersjaSchematu")); // as made before versions were kept
+        QCOMPARE(SchemaVersion::of(db), 0);
+
+        Run r = admin(upgrade);
+        QCOMPARE(r.code, 0);
+        QVERIFY2(r.out.contains(QStringLiteral("z wersji 0 do wersji %1").arg(SchemaVersion::Current)), qPrintable(r.out));
+        QCOMPARE(SchemaVersion::of(db), SchemaVersion::Current);
+        QCOMPARE(count(db, QStringLiteral("Regulatory")), 1);
+        r = admin(upgrade);
+        QCOMPARE(r.code, 0);
+        QVERIFY2(r.out.contains(QStringLiteral("już w wersji")), qPrintable(r.out));
+
+        db.exec(SqlStatement(QStringLiteral("UPDATE WersjaSchematu SET wersja = 99")));
+        r = admin(upgrade);
+        QCOMPARE(r.code, 1);
+        QVERIFY2(r.err.contains(QStringLiteral("w wersji 99, nowszej")), qPrintable(r.err));
+        QCOMPARE(SchemaVersion::of(db), 99);
     }
 
     void badArgumentsExitTwoAndTouchNothing()
