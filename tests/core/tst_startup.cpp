@@ -101,6 +101,15 @@ private slots:
         const RunTimeError e = startFails(f);
         QCOMPARE(e.number(), int(RunTimeError::DatabaseError));
         QVERIFY2(e.description().contains(QLatin1String("OstPomiar")), qPrintable(e.description()));
+
+        // a schema newer than the program: refused, whatever the tables hold
+        StationFixture newer(QStringLiteral("newer.db"));
+        newer.createDatabase().execText(QStringLiteral("UPDATE WersjaSchematu SET wersja = 99"));
+        QVERIFY(startFails(newer).description().contains(QLatin1String("w wersji 99, nowszej")));
+        // an older one (before versions were kept) still starts
+        StationFixture older(QStringLiteral("older.db"));
+        older.createDatabase().execText(QStringLiteral("DROP TABLE WersjaSchematu"));
+        older.station().StartUp();
     }
 
     void badRowNamesTableColumnAndKod()
