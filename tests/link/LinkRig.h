@@ -8,7 +8,6 @@
 #include "link/Komunikator.h"
 #include "link/ScriptedLine.h"
 #include "link/clComm.h"
-#include "model/colRegulatory.h"
 
 #include <initializer_list>
 
@@ -20,22 +19,25 @@ inline QByteArray bytes(std::initializer_list<int> values)
     return b;
 }
 
+// A reply as a controller puts it on the line: each 2 travels twice.
+inline QByteArray stuffed(const QByteArray &data)
+{
+    QByteArray out;
+    for (char c : data)
+        out.append(c == 2 ? QByteArray(2, c) : QByteArray(1, c));
+    return out;
+}
+
 // The link on a scripted line, a fake clock and a fake pump, with
 // controllers at the given addresses (Id 1, 2, ... in that order).
 struct LinkRig {
-    explicit LinkRig(std::initializer_list<int> addresses = {5})
-    {
-        for (int a : addresses)
-            this->addresses.push_back(std::int16_t(a));
-    }
+    explicit LinkRig(std::initializer_list<int> addresses = {5}) : addresses(addresses) {}
 
     // A command as the logic gives it, through Komunikator.
-    bool run(std::int16_t id, const QString &word, const ReplyBuffer &reply, std::uint8_t parametr = 0)
+    bool run(int id, QString word, const ReplyBuffer &reply, std::uint8_t parametr = 0)
     {
-        QString w = word;
-        return komunikator.WykonajRozkaz(addresses.at(std::size_t(id - 1)), w, reply, parametr);
+        return komunikator.WykonajRozkaz(std::int16_t(addresses.at(std::size_t(id - 1))), word, reply, parametr);
     }
-
     std::int64_t elapsedMs() const { return clock.now().msecs() - started.msecs(); }
 
     FakeClock clock; // at a whole second
@@ -43,7 +45,7 @@ struct LinkRig {
     ScriptedLine line{clock};
     FakeEventPump pump{clock, line};
     RecordingDialogs dialogs;
-    std::vector<std::int16_t> addresses; // by Id from 1
+    std::vector<int> addresses; // by Id from 1
     clComm comm{line, clock, pump, dialogs};
     RecordingWizual wizual;
     Komunikator komunikator{comm, wizual};
