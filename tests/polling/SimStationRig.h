@@ -4,45 +4,37 @@
 #include "SimulatedLine.h"
 #include "TestEnv.h"
 
-#include <QVariantMap>
-
-// A headless station in a temporary directory, on the simulated line: each
-// controller added is both a row of Regulatory and a simulated controller
-// at the same address with the same transformers.
+// A headless station in a temporary directory on the simulated line: each
+// controller is a row of Regulatory and a simulated controller at its address.
 struct SimStationRig {
     SimStationRig()
     {
         station.createDatabase();
         station.attachLine(line, FakeEventPump::arrivalsOf(line));
     }
-
     void addController(const QString &kod, int adres, const QVariantMap &overrides = {})
     {
         station.addController(kod, adres, overrides);
         sim::ControllerConfig c;
         c.address = adres;
-        c.currentRatio = overrides.value(QStringLiteral("Przekladnia"), 100.0).toDouble();
-        c.voltageRatio = overrides.value(QStringLiteral("PrzekladniaNap"), 1).toInt();
-        c.measuringVoltage = overrides.value(QStringLiteral("NapieciePomiar"), 380).toInt();
         line.bus().addController(c);
     }
     void silence(std::initializer_list<int> addresses)
     {
         sim::FaultPlan plan = line.bus().faults();
-        for (int a : addresses)
-            plan.silentAddresses.insert(a);
+        plan.silentAddresses.unite(QSet<int>(addresses));
         line.bus().setFaults(plan);
     }
-
+    void queueRead(int id) { s().Kolejka.Add(id, QueueOp::ReadState, QVariant::fromValue(now()), 0, {}); }
     Station &s() { return station.station(); }
     clRegulator &reg(const QString &kod) { return s().Regulatory.Item(kod); }
     ZDate now() const { return station.clock.now(); }
-    // The addresses of the frames sent, in order.
-    QList<int> addressesSent() const
+    // Byte `at` of each frame sent, in order: 1 the address, 2 the register.
+    QList<int> sent(int at = 1) const
     {
         QList<int> out;
         for (const QByteArray &f : line.sent)
-            out << quint8(f.at(1));
+            out << quint8(f.at(at));
         return out;
     }
 
@@ -51,10 +43,7 @@ struct SimStationRig {
     SimulatedLine line{station.clock};
 };
 
-inline QByteArray frame(std::initializer_list<int> values)
+inline ZDate at(int h, int m, int s = 0, int ms = 0)
 {
-    QByteArray b;
-    for (int v : values)
-        b.append(char(v));
-    return b;
+    return ZDate::fromParts(2024, 1, 15, h, m, s, ms);
 }

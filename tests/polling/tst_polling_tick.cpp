@@ -5,27 +5,67 @@
 
 #include <QTest>
 
-namespace {
-
-ZDate at(int h, int m, int s = 0, int ms = 0)
-{
-    return ZDate::fromParts(2024, 1, 15, h, m, s, ms);
-}
-
-// Position of the first recorded call of `name` with `args`, or -1.
-qsizetype indexOf(const RecordingWizual &w, const QString &name, const QVariantList &args)
-{
-    for (qsizetype i = 0; i < w.calls.size(); ++i)
-        if (w.calls[i].name == name && w.calls[i].args == args)
-            return i;
-    return -1;
-}
-
-} // namespace
-
+// The polling tick (Timer1), the operator's queue it carries out, and the alarm timers.
 class PollingTickTest : public QObject {
     Q_OBJECT
 private slots:
+    // Two inactive controllers, A (Id 1, address 1) and B (Id 2, address 2): nothing reads them but the queue.
+    void eachCallOfTheQueueCarriesOutTheOldestEntryOnly()
+    {
+        SimStationRig rig;
+        rig.addController(QStringLiteral("A"), 1, {{"aktywny", "Nie"}});
+        rig.addController(QStringLiteral("B"), 2, {{"aktywny", "Nie"}});
+        rig.station.start();
+        RecordingWizual &w = rig.station.wizual;
+        w.calls.clear();
+        clsKolejka &q = rig.s().Kolejka;
+        QVERIFY(!q.Wykonaj()); // empty: nothing at all
+        // unknown or miscased words are removed, one per call, and nothing done
+        for (const char *word : {"Testuj", "blokuj", "WCZYTAJSTANREGUL", "Czytaj_Diody"})
+            q.Add(1, QString::fromLatin1(word), true, 0, {});
+        for (int left = 3; left >= 0; --left) {
+            QVERIFY(!q.Wykonaj()); // always false
+            QCOMPARE(q.Count(), left);
+        }
+        QVERIFY(w.calls.isEmpty() && rig.line.sent.isEmpty());
+
+        rig.silence({1});
+        rig.queueRead(2);
+        rig.queueRead(1);
+        q.Wykonaj();
+        QCOMPARE(rig.sent(), (QList<int>{2, 2, 2, 2}));
+        QCOMPARE(rig.sent(2), (QList<int>{0x90, 0xA0, 0xB0, 0x4F}));
+        QCOMPARE(q.Count(), 1);
+        QCOMPARE(rig.station.count(QStringLiteral("Pomiary")), 0); // only the periodic read stores
+        // A is silent: a click during the link's wait is carried out at the next call, the failed read never
+        rig.station.pump.afterMs(5, [&] { q.Add(2, QStringLiteral("Blokuj"), true, 0, {}); });
+        q.Wykonaj();
+        const QList<int> toA = rig.sent().mid(4);
+        QVERIFY(!toA.isEmpty() && toA.count(1) == toA.size());
+        QCOMPARE(q.Count(), 1);
+        rig.line.bus().setFaults({});
+        rig.line.sent.clear();
+        q.Wykonaj();
+        QCOMPARE(w.argsOf(QStringLiteral("eBlokowanieRegul")).value(0), (QVariantList{std::int16_t(2), true, true}));
+        QCOMPARE(rig.line.sent.value(0), QByteArray::fromHex("02022F05"));
+        QVERIFY(rig.reg(QStringLiteral("B")).Zablokowany);
+
+        rig.line.sent.clear();
+        q.Add(1, QStringLiteral("Ustaw_przel"), 0, 0, {});
+        q.Wykonaj();
+        QCOMPARE(rig.line.sent.value(0).left(4), QByteArray::fromHex("02016A03"));
+        // stage 3 to the opposite of its present state
+        clRegulator &a = rig.reg(QStringLiteral("A"));
+        a.WczytajStanRegul(rig.now());
+        const bool on = a.SprawdzStanDiody(3);
+        q.Add(1, QStringLiteral("UstawKondensator"), QVariant::fromValue(StageSwitch{3, !on}), 0, {});
+        q.Wykonaj();
+        QCOMPARE(w.argsOf(on ? QStringLiteral("eWylaczanieBaterii") : QStringLiteral("eZalaczanieBaterii")).value(0),
+                 (QVariantList{std::int16_t(1), true}));
+        QVERIFY(rig.sent(2).contains(0x73)); // the discharge timer of stage 3
+        QCOMPARE(q.Count(), 0);
+    }
+
     void aTickReadsDueControllersThenOneQueuedEntryThenMonitoredOnes()
     {
         SimStationRig rig;
@@ -33,173 +73,81 @@ private slots:
         rig.addController(QStringLiteral("A_MON"), 3, {{"aktywny", "Nie"}});
         rig.addController(QStringLiteral("B_DUE"), 1);
         rig.addController(QStringLiteral("C_QUEUED"), 2, {{"aktywny", "Nie"}});
+        rig.station.clock.set(at(8, 6, 40));
         rig.station.start();
         clRegulator &mon = rig.reg(QStringLiteral("A_MON"));
         mon.Monitoring = true;
-        const std::int16_t queued = rig.reg(QStringLiteral("C_QUEUED")).Id;
-        rig.s().Kolejka.Add(queued, QStringLiteral("WczytajStanRegul"), QVariant::fromValue(rig.now()), 0, {});
-        rig.s().Kolejka.Add(queued, QStringLiteral("WczytajStanRegul"), QVariant::fromValue(rig.now()), 0, {});
+        rig.queueRead(rig.reg(QStringLiteral("C_QUEUED")).Id);
+        rig.queueRead(rig.reg(QStringLiteral("C_QUEUED")).Id);
 
         rig.station.runTicks(1);
-        // periodic read with the one-time block byte, one queue entry, the monitoring pass
-        QCOMPARE(rig.addressesSent(), (QList<int>{1, 1, 1, 1, 1, 2, 2, 2, 2, 3, 3, 3, 3}));
-        QCOMPARE(rig.s().Kolejka.Count(), 1);
-        const RecordingWizual &w = rig.station.wizual;
-        const qsizetype monOn = indexOf(w, QStringLiteral("eMonitoring"), {mon.Id, true});
-        const qsizetype monOff = indexOf(w, QStringLiteral("eMonitoring"), {mon.Id, false});
-        QVERIFY(monOn >= 0 && monOff > monOn);
-        QVERIFY(indexOf(w, QStringLiteral("eNoweDane"), {mon.Id, QStringLiteral("O")}) > monOn);
-        QVERIFY(indexOf(w, QStringLiteral("eOkresowyOdczyt"), {rig.reg(QStringLiteral("B_DUE")).Id, false}) < monOn);
-        QCOMPARE(rig.station.count(QStringLiteral("Pomiary")), 1); // neither the queue nor monitoring stores
+        // the periodic read with the one-time block byte, one queue entry, the monitoring pass
+        QCOMPARE(rig.sent(), (QList<int>{1, 1, 1, 1, 1, 2, 2, 2, 2, 3, 3, 3, 3}));
+        auto pos = [&](const char *name, const QVariantList &args) {
+            return rig.station.wizual.calls.indexOf(RecordingWizual::Call{QString::fromLatin1(name), args});
+        };
+        const qsizetype monOn = pos("eMonitoring", {mon.Id, true});
+        QVERIFY(monOn >= 0 && pos("eMonitoring", {mon.Id, false}) > monOn);
+        QVERIFY(pos("eNoweDane", {mon.Id, QStringLiteral("O")}) > monOn);
+        QVERIFY(pos("eOkresowyOdczyt", {rig.reg(QStringLiteral("B_DUE")).Id, false}) < monOn);
+
+        // the next ticks: the other queued entry, then only the monitored one, every tick
+        rig.line.sent.clear();
+        rig.station.runTicks(2);
+        QCOMPARE(rig.sent(), (QList<int>{2, 2, 2, 2, 3, 3, 3, 3, 3, 3, 3, 3}));
+        // neither the queue nor monitoring stores or moves the schedule
+        QCOMPARE(rig.station.count(QStringLiteral("Pomiary")), 1);
+        QCOMPARE(rig.station.count(QStringLiteral("OstPomiar"), QStringLiteral("Adres <> 1")), 0);
+        QVERIFY(mon.NastepnyOdczyt.isZero() && mon.OstatniOdczyt.isZero());
     }
 
-    void timer1IsOffForTheWholeTickAndOnAfterIt()
-    {
-        SimStationRig rig;
-        rig.addController(QStringLiteral("A"), 1);
-        rig.station.start();
-        PollingTimers &t = rig.station.timers();
-        t.start();
-        int seenDuring = 0;
-        bool activeDuring = true;
-        for (int ms : {1, 60, 110}) // inside the reading's waits
-            rig.station.pump.afterMs(ms, [&] {
-                ++seenDuring;
-                activeDuring = activeDuring && t.Timer1.isActive();
-            });
-        t.Timer1Tick();
-        QCOMPARE(seenDuring, 3);
-        QVERIFY(!activeDuring);
-        QVERIFY(t.Timer1.isActive());
-        QCOMPARE(t.Timer1.interval(), 100);
-        t.stop();
-    }
-
-    void aFailingTickLeavesTimer1Off()
-    {
-        SimStationRig rig;
-        rig.addController(QStringLiteral("A"), 1, {{"CzestOdczytu", 0}});
-        rig.station.start();
-        PollingTimers &t = rig.station.timers();
-        t.start();
-        QVERIFY_THROWS_EXCEPTION(RunTimeError, t.Timer1Tick());
-        QVERIFY(!t.Timer1.isActive());
-    }
-
-    void theClockOfPanel6IsTakenAtTheTickAndStandsStillDuringIt()
+    void duringATickTimer1IsOffAndTheClockOfPanel6StandsStill()
     {
         SimStationRig rig;
         rig.addController(QStringLiteral("A"), 1);
         rig.silence({1});
         rig.station.clock.set(at(15, 4, 5, 900));
         rig.station.start();
-        QString during;
-        rig.station.pump.afterMs(2000, [&] { during = rig.station.panels.text(6); });
-        rig.station.timers().Timer1Tick();
-        QCOMPARE(during, QStringLiteral("15:04:05")); // 24-hour, while the clock is past 15:04:07
-        QCOMPARE(rig.station.panels.text(6), QStringLiteral("15:04:05"));
-        QCOMPARE(rig.station.timers().CzasTicka, at(15, 4, 5, 900));
+        PollingTimers &t = rig.station.timers();
+        QCOMPARE((QList<int>{t.Timer1.interval(), t.Timer2.interval(), t.Timer3.interval()}),
+                 (QList<int>{100, 1000, 3000}));
+        t.start();
+        QStringList during; // inside the reading's waits
+        for (int ms : {1, 2000})
+            rig.station.pump.afterMs(ms, [&] {
+                during << QStringLiteral("%1 %2 ").arg(int(t.Timer1.isActive())).arg(int(t.inTick()))
+                              + rig.station.panels.text(6);
+            });
+        t.Timer1Tick();
+        // 24-hour, and still the tick's moment while the clock is past 15:04:07
+        QCOMPARE(during, (QStringList{"0 1 15:04:05", "0 1 15:04:05"}));
+        QVERIFY(t.Timer1.isActive() && !t.inTick());
+        QCOMPARE(t.CzasTicka, at(15, 4, 5, 900));
         rig.station.clock.set(at(15, 9, 0));
-        rig.station.timers().Timer1Tick(); // not due: an idle tick
+        t.Timer1Tick(); // not due: an idle tick
         QCOMPARE(rig.station.panels.text(6), QStringLiteral("15:09:00"));
+        rig.s().stop();
+        QVERIFY(!t.Timer1.isActive() && !t.Timer3.isActive());
     }
 
-    void firstTickTriesAllActiveControllersOneSilentTheOthersOnTheGrid()
+    void aRunTimeErrorInATickEndsTheStationWithStatus1()
     {
         SimStationRig rig;
-        rig.addController(QStringLiteral("A"), 1);
-        rig.addController(QStringLiteral("B"), 2, {{"awarCzest", 3}});
-        rig.addController(QStringLiteral("C"), 3);
-        rig.addController(QStringLiteral("D_OFF"), 4, {{"aktywny", "Nie"}});
-        rig.silence({2});
-        rig.station.clock.set(at(8, 6, 40));
+        rig.addController(QStringLiteral("A"), 1, {{"CzestOdczytu", 0}});
         rig.station.start();
-        ZDate afterB;
-        rig.station.pump.setArrivals([&, inner = FakeEventPump::arrivalsOf(rig.line)] {
-            // the moment the silent one has given up is when C's first frame goes out
-            if (afterB.isZero() && !rig.line.sent.isEmpty() && quint8(rig.line.sent.last().at(1)) == 3)
-                afterB = rig.now();
-            return inner();
-        });
-        rig.station.runTicks(1);
-
-        const ZDate czas = rig.station.timers().CzasTicka;
-        QCOMPARE(czas, at(8, 6, 40));
-        const QList<int> sent = rig.addressesSent();
-        QVERIFY(sent.contains(1) && sent.contains(2) && sent.contains(3));
-        QVERIFY(!sent.contains(4));
-        QCOMPARE(rig.reg(QStringLiteral("A")).NastepnyOdczyt, at(8, 15));
-        QCOMPARE(rig.reg(QStringLiteral("C")).NastepnyOdczyt, at(8, 15));
-        // all read at the tick's moment, however long it lasted
-        for (const char *k : {"A", "B", "C"})
-            QCOMPARE(rig.reg(QString::fromLatin1(k)).OstatniOdczyt, czas);
-        const ZDate retry = rig.reg(QStringLiteral("B")).NastepnyOdczyt;
-        QVERIFY(retry > czas.addMinutes(3).addMsecs(2000)); // counted from the end of the failed attempt
-        QVERIFY(!afterB.isZero());
-        QCOMPARE(retry, afterB.addMinutes(3));
-        QCOMPARE(rig.station.count(QStringLiteral("Pomiary")), 2);
-        QCOMPARE(rig.station.count(QStringLiteral("Pomiary"), QStringLiteral("Adres = 2")), 0);
-        QCOMPARE(rig.station.count(QStringLiteral("Alarmy"), QStringLiteral("Kod_Regul = 'B'")), 1);
-
-        // the next ticks are idle until someone is due
-        rig.line.sent.clear();
-        rig.station.runTicks(20);
-        QVERIFY(rig.line.sent.isEmpty());
-    }
-
-    void monitoringAnInactiveControllerReadsEveryTickAndStoresNothing()
-    {
-        SimStationRig rig;
-        rig.addController(QStringLiteral("M"), 7, {{"aktywny", "Nie"}});
-        rig.station.start();
-        clRegulator &m = rig.reg(QStringLiteral("M"));
-        rig.station.runTicks(2);
-        QVERIFY(rig.line.sent.isEmpty()); // inactive: never read by the round
-        m.Monitoring = true;
-        rig.station.runTicks(3);
-        QCOMPARE(rig.line.sent.size(), 12);
-        QCOMPARE(rig.station.wizual.argsOf(QStringLiteral("eMonitoring")).size(), 6);
-        QCOMPARE(rig.station.wizual.argsOf(QStringLiteral("eNoweDane")).size(), 3);
-        QCOMPARE(rig.station.count(QStringLiteral("Pomiary")), 0);
-        QCOMPARE(rig.station.count(QStringLiteral("OstPomiar")), 0);
-        QVERIFY(m.NastepnyOdczyt.isZero());
-        QVERIFY(m.OstatniOdczyt.isZero());
-    }
-
-    void aQueueOfFiveEntriesTakesFiveTicks()
-    {
-        SimStationRig rig;
-        rig.addController(QStringLiteral("A"), 1, {{"aktywny", "Nie"}});
-        rig.station.start();
-        clsKolejka &q = rig.s().Kolejka;
-        for (int i = 0; i < 5; ++i)
-            q.Add(1, QStringLiteral("WczytajStanRegul"), QVariant::fromValue(rig.now()), 0, {});
-        for (int tick = 1; tick <= 5; ++tick) {
-            rig.station.runTicks(1);
-            QCOMPARE(q.Count(), 5 - tick);
-            QCOMPARE(rig.line.sent.size(), 4 * tick);
-        }
-        rig.station.runTicks(1);
-        QCOMPARE(rig.line.sent.size(), 20);
-    }
-
-    void aLongRoundDelaysTheQueue()
-    {
-        SimStationRig rig;
-        rig.addController(QStringLiteral("A"), 1);
-        rig.addController(QStringLiteral("B"), 2);
-        rig.silence({1});
-        rig.station.start();
-        rig.s().Kolejka.Add(2, QStringLiteral("WczytajStanRegul"), QVariant::fromValue(rig.now()), 0, {});
-        rig.station.wizual.calls.clear();
-        const ZDate tick = rig.now();
-        rig.station.runTicks(1);
-        // the silent controller's timeouts come first: seconds of waiting before the queue's turn
-        const QList<int> sent = rig.addressesSent();
-        QCOMPARE(sent.first(), 1);
-        QCOMPARE(sent.last(), 2);
-        QVERIFY(rig.now().msecs() - tick.msecs() > 3000);
-        QCOMPARE(rig.s().Kolejka.Count(), 0);
+        Station &s = rig.s();
+        QStringList told;
+        int ended = -1;
+        s.setFailureReport([&](const RunTimeError &e) { told << e.message(); });
+        s.setProcessEnd([&](int code) { ended = code; });
+        PollingTimers &t = s.timers;
+        t.setAlarmTimers(true);
+        s.startPolling();
+        QTRY_COMPARE(ended, 1); // Timer1 runs on real time; its first read divides by the period
+        QCOMPARE(told.size(), 1);
+        QVERIFY(s.stopped());
+        QCOMPARE(s.exitCode(), 1);
+        QVERIFY(!t.Timer1.isActive() && !t.Timer2.isActive() && !t.Timer3.isActive());
     }
 
     void alarmBlinkAndSoundActOnlyWhileAlarmsAreActive()
@@ -207,37 +155,27 @@ private slots:
         SimStationRig rig;
         rig.station.start();
         PollingTimers &t = rig.station.timers();
-        QVERIFY(t.Timer3.isActive()); // on from the start
-        QVERIFY(!t.Timer2.isActive());
-        QCOMPARE(t.Timer2.interval(), 1000);
-        QCOMPARE(t.Timer3.interval(), 3000);
-
-        t.Timer2Tick();
-        t.Timer3Tick();
-        QVERIFY((rig.station.panels.picture(3) == StatusPanels::Picture::None));
-        QVERIFY(rig.station.wizual.argsOf(QStringLiteral("GrajDzwiek")).isEmpty());
-
-        rig.s().oApp.IloscAktywnychAlarmow = 1;
-        t.Timer2Tick();
-        QVERIFY((rig.station.panels.picture(3) == StatusPanels::Picture::AlarmFlash));
-        t.Timer2Tick();
-        QVERIFY((rig.station.panels.picture(3) == StatusPanels::Picture::None));
-        t.Timer2Tick();
-        t.Timer3Tick();
-        QCOMPARE(rig.station.wizual.argsOf(QStringLiteral("GrajDzwiek")),
-                 (QList<QVariantList>{{QStringLiteral("alarm.wav")}}));
-
-        // no active alarm any more: the picture stays as it is
-        rig.s().oApp.IloscAktywnychAlarmow = 0;
-        t.Timer2Tick();
-        t.Timer3Tick();
-        QVERIFY((rig.station.panels.picture(3) == StatusPanels::Picture::AlarmFlash));
-        QCOMPARE(rig.station.wizual.argsOf(QStringLiteral("GrajDzwiek")).size(), 1);
-
-        t.setAlarmTimers(true);
-        QVERIFY(t.Timer2.isActive() && t.Timer3.isActive());
-        t.setAlarmTimers(false);
-        QVERIFY(!t.Timer2.isActive() && !t.Timer3.isActive());
+        QVERIFY(t.Timer3.isActive() && !t.Timer2.isActive()); // Timer3 on from the start
+        QString seen; // the alarm sign after each Timer2 tick ('*' shown), then the sounds played so far
+        auto ticks = [&](int alarms, int blinks) {
+            rig.s().oApp.IloscAktywnychAlarmow = std::int16_t(alarms);
+            for (int i = 0; i < blinks; ++i) {
+                t.Timer2Tick();
+                seen += rig.station.panels.picture(3) == StatusPanels::Picture::None ? '-' : '*';
+            }
+            t.Timer3Tick();
+            seen += QString::number(rig.station.wizual.argsOf(QStringLiteral("GrajDzwiek")).size()) + ' ';
+        };
+        ticks(0, 1);
+        ticks(1, 3);
+        ticks(0, 1); // no active alarm any more: the picture stays as it is
+        QCOMPARE(seen, QStringLiteral("-0 *-*1 *1 "));
+        QCOMPARE(rig.station.wizual.argsOf(QStringLiteral("GrajDzwiek")).value(0),
+                 QVariantList{QStringLiteral("alarm.wav")});
+        for (bool on : {false, true, false}) {
+            t.setAlarmTimers(on);
+            QVERIFY(t.Timer2.isActive() == on && t.Timer3.isActive() == on);
+        }
     }
 };
 

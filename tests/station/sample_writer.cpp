@@ -1,8 +1,7 @@
-// A process that writes samples of one controller as fast as it can, each
-// counter one unit above the last, continuing from what the database holds.
-// The kill test ends it at random moments; it never ends by itself.
+// Writes samples of one controller as fast as it can, each counter one unit
+// above the last, continuing from what the database holds. The kill test
+// ends it at random moments; it never ends by itself.
 #include "StationFixture.h"
-
 
 #include <QCoreApplication>
 #include <cstdio>
@@ -11,15 +10,13 @@ int main(int argc, char *argv[])
 {
     QCoreApplication app(argc, argv);
     StationFixture f(QStringLiteral("zorbel.db"));
-    Station &s = f.station();
-    s.StartUp();
-    clRegulator &r = s.Regulatory.Item(1);
+    f.station().StartUp();
+    clRegulator &r = f.station().Regulatory.Item(1);
     std::printf("ready\n");
     std::fflush(stdout);
     for (;;) {
         const float next = r.PopPradCzynny + 1;
-        r.PradCzynny = next;
-        r.PradBiernSr = next;
+        r.PradCzynny = r.PradBiernSr = next;
         r.PradBiernPojSr = -next;
         r.OstatniOdczyt = r.OstatniOdczyt.isZero() ? ZDate::fromParts(2026, 1, 1) : r.OstatniOdczyt.addMinutes(1);
         r.ZapiszDaneDB();
