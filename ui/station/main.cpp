@@ -23,6 +23,7 @@
 #include <QMenu>
 #include <cstdio>
 #include <cstdlib>
+#include <exception>
 
 namespace {
 
@@ -167,6 +168,12 @@ int main(int argc, char *argv[])
     } catch (const RunTimeError &e) {
         splash.closeSplash();
         report(e, dialogs);
+        station.stop();
+        return 1;
+    } catch (const std::exception &e) {
+        // anything else is told and stops the station in order as well: never a crash
+        splash.closeSplash();
+        report(RunTimeError(51, QString::fromLocal8Bit(e.what())), dialogs);
         station.stop();
         return 1;
     }
