@@ -9,8 +9,6 @@
 #include "link/ScriptedLine.h"
 #include "link/clComm.h"
 
-#include <initializer_list>
-
 inline QByteArray bytes(std::initializer_list<int> values)
 {
     QByteArray b;

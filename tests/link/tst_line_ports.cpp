@@ -26,7 +26,6 @@ private slots:
         QCOMPARE(errorOf([&] { line.open(0); }), int(RunTimeError::InvalidPortNumber));
         store.setValue(QStringLiteral("porty"), QStringLiteral("1"), QStringLiteral("/dev/zorbel-no-such-tty"));
         QVERIFY(!line.open(1));
-        QVERIFY(!line.isOpen());
         QVERIFY(!line.errorString().isEmpty());
         QCOMPARE(line.readByte(), -1);
         line.send("x"); // harmless on a closed port

@@ -191,6 +191,7 @@ private slots:
         QCOMPARE(rig.painted, QStringList{"A1:0"});
         list.DezaktywujAlarm(3);
         QCOMPARE(rig.look(3), (QList<bool>{false, false, true}));
+        QCOMPARE(rig.counts(), (QList<int>{1, 2, 4}));
         list.DezaktywujAlarm(2);
         QCOMPARE(rig.counts(), (QList<int>{0, 2, 5}));
         QCOMPARE(rig.painted, (QStringList{"A1:0", "B1:0", "A1:0"}));

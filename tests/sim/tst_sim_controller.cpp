@@ -39,7 +39,6 @@ private slots:
             QVERIFY2(tg > 0.0 && tg < 0.55, qPrintable(QStringLiteral("%1 at +%2 h").arg(tg).arg(hour)));
             if (hour == 0) {
                 const QByteArray after = rig.readBlock(5);
-                QVERIFY(block32(after, 8) > block32(before, 8)); // inductive: tg stays above 0
                 QCOMPARE(blockUnsigned(after, 12, 3) - blockUnsigned(before, 12, 3), 3600);
                 // one hour at about 2 A and 380 V: 380 * 400 * 3600 / 800 = 684000 raw units
                 const double active = derivedActive(after) - derivedActive(before);

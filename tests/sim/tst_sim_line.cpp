@@ -1,6 +1,7 @@
 #include "TestMain.h"
 #include "SimRig.h"
 
+#include "ControllerSources.h"
 #include "SimOptions.h"
 #include "simcore/DataBlock.h"
 #include "simcore/PanelBytes.h"
@@ -153,7 +154,7 @@ private slots:
         QVERIFY(blockUnsigned(rig.readBlock(6), 0, 4) > apparentSix);
     }
 
-    void commandLines()
+    void commandAndConfigLines()
     {
         const auto r = parse(QStringLiteral("--addresses 1-3 --noise 0.5 --seed 42 --speed 60 --unpaced --tcp 0"));
         QVERIFY2(r.error.isEmpty(), qPrintable(r.error));
@@ -162,6 +163,12 @@ private slots:
         QCOMPARE(r.options.speed, 60.0);
         QVERIFY(r.options.unpaced);
         QCOMPARE(r.options.tcpPort.value(), quint16(0));
+        const auto configs = sim::ControllerSources::fromConfigText(QStringLiteral("# adres\n5 160 2 500\n\n 7 # 9\n"));
+        QCOMPARE(configs.size(), size_t(2));
+        QCOMPARE(configs[0].currentRatio, 160.0);
+        QCOMPARE(configs[0].measuringVoltage, 500);
+        QCOMPARE(configs[1].measuringVoltage, 380);
+        QVERIFY_THROWS_EXCEPTION(std::runtime_error, sim::ControllerSources::fromConfigText(QStringLiteral("5\nfive")));
         for (const char *refused :
              {"", "--addresses 7-3", "--addresses x-5", "--addresses 256", "--addresses 1 --drop 1.5",
               "--addresses 1 --noise 1.5", "--addresses 1 --silent x", "--addresses 1 --tcp 5000 --link /tmp/x",

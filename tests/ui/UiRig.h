@@ -23,9 +23,8 @@ struct AnsweringLogin final : LoginPrompt {
     clsoApp &app;
 };
 
-// A started station with controllers T1 and T2 (T1 current), its main window,
-// the controller tree and the screen's hub; the sounds and the tree's pop-ups
-// asked for are recorded.
+// A started station with controllers T1 and T2 (T1 current), its main window, the controller
+// tree and the screen's hub; the sounds and the tree's pop-ups asked for are recorded.
 struct UiRig {
     UiRig()
     {

@@ -40,7 +40,6 @@ private slots:
     {
         store = MemorySettingsStore();
         app = clsoApp();
-        dialogs.calls.clear();
         app.WczytajOpcje(store);
     }
 
@@ -51,7 +50,6 @@ private slots:
         for (const auto &[user, password] : {std::pair{"Kastor", "lebroz"}, {"kastor", "Lebroz"}, {"admin", "lebroz"}}) {
             type(login, "txtUserName", user);
             type(login, "txtPassword", password);
-            control<QLineEdit>(login, "txtPassword")->setCursorPosition(1);
             control(login, "cmdOK")->click();
             QCOMPARE(dialogs.calls.takeFirst().prompt, QStringLiteral("Błędne hasło lub nazwa użytkownika"));
             QVERIFY(login.isVisible() && !app.ParametrGlob().isValid());
@@ -85,21 +83,25 @@ private slots:
         }
     }
 
-    void applyWritesTheOptionsButKeepsThePortInUse()
+    void applyWritesWhatTheBoxesShowButKeepsThePortInUse()
     {
+        app.nr_portu = 2;
+        app.Dzwieki = 1;
+        app.AdmHaslo = QStringLiteral("tajne");
         frmOptions options(app, store);
-        options.show();
+        control(options, "cmdApply")->click(); // the boxes show what the station holds
+        QCOMPARE(stored("port", "nr_portu") + stored("dzwieki"), QStringLiteral("21"));
+        QCOMPARE(app.AdmHaslo, QStringLiteral("tajne"));
         control<QComboBox>(options, "cmbPort")->setEditText(QStringLiteral("COM3")); // not checked here
-        control<QCheckBox>(options, "chkDzwieki")->setChecked(true);
+        control<QCheckBox>(options, "chkDzwieki")->setChecked(false);
         control(options, "cmdApply")->click();
         QCOMPARE(stored("port", "nr_portu"), QStringLiteral("COM3"));
-        QCOMPARE(stored("dzwieki"), QStringLiteral("1"));
-        QCOMPARE(app.Dzwieki, std::int16_t(1));
-        QCOMPARE(app.nr_portu, std::uint8_t(1)); // the port in use stays till the next start
-        control<QCheckBox>(options, "chkDzwieki")->setChecked(false);
+        QCOMPARE(stored("dzwieki"), QStringLiteral("0"));
+        QCOMPARE(app.Dzwieki, std::int16_t(0));
+        QCOMPARE(app.nr_portu, std::uint8_t(2)); // the port in use stays till the next start
+        control<QCheckBox>(options, "chkDzwieki")->setChecked(true);
         control(options, "cmdCancel")->click(); // earlier applies stay
-        QCOMPARE(stored("dzwieki"), QStringLiteral("1"));
-        QCOMPARE(app.Dzwieki, std::int16_t(1));
+        QCOMPARE(stored("dzwieki"), QStringLiteral("0"));
     }
 
     void newPasswordIsInForceAtOnceButReachesTheStoreOnlyAtTheNextApply()
