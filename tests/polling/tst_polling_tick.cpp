@@ -37,7 +37,7 @@ private slots:
         QCOMPARE(rig.sent(2), (QList<int>{0x90, 0xA0, 0xB0, 0x4F}));
         QCOMPARE(q.Count(), 1);
         QCOMPARE(rig.station.count(QStringLiteral("Pomiary")), 0); // only the periodic read stores
-        // A is silent: a click during the link's wait is carried out at the next call, the failed read never
+        // A is silent: its failed read is dropped all the same, and a click during the wait comes next
         rig.station.pump.afterMs(5, [&] { q.Add(2, QStringLiteral("Blokuj"), true, 0, {}); });
         q.Wykonaj();
         const QList<int> toA = rig.sent().mid(4);
@@ -172,9 +172,15 @@ private slots:
         QCOMPARE(seen, QStringLiteral("-0 *-*1 *1 "));
         QCOMPARE(rig.station.wizual.argsOf(QStringLiteral("GrajDzwiek")).value(0),
                  QVariantList{QStringLiteral("alarm.wav")});
+        // switched on, the timers drive their ticks themselves (here every millisecond)
+        t.Timer2.setInterval(1);
+        t.Timer3.setInterval(1);
+        rig.s().oApp.IloscAktywnychAlarmow = 1;
         for (bool on : {false, true, false}) {
             t.setAlarmTimers(on);
             QVERIFY(t.Timer2.isActive() == on && t.Timer3.isActive() == on);
+            QTRY_VERIFY(!on || (rig.station.panels.picture(3) == StatusPanels::Picture::None
+                                && rig.station.wizual.argsOf(QStringLiteral("GrajDzwiek")).size() > 1));
         }
     }
 };

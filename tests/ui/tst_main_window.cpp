@@ -122,20 +122,20 @@ private slots:
     void alarmSignFlashesOnlyWithUnconfirmedAlarms()
     {
         UiRig rig;
+        // the flashing and sound timers running, and the sign's picture
         const auto alarms = [&](std::int16_t unconfirmed, std::int16_t active) {
             rig.s.oApp.IloscNiePotwAlarmow = unconfirmed;
             rig.s.oApp.IloscAktywnychAlarmow = active;
             rig.hub.eZmianaAlarmow();
-            return rig.s.timers.Timer2.isActive() + rig.s.timers.Timer3.isActive();
+            return qMakePair(rig.s.timers.Timer2.isActive() + rig.s.timers.Timer3.isActive(), rig.panels.picture(3));
         };
-        QCOMPARE(alarms(0, 1), 0);
-        QCOMPARE(rig.panels.picture(3), Pic::AlarmFlash); // steady
-        QCOMPARE(alarms(1, 2), 2);
-        rig.s.timers.Timer3Tick();
+        QCOMPARE(alarms(0, 1), qMakePair(0, Pic::AlarmFlash)); // steady
+        QCOMPARE(alarms(1, 0), qMakePair(2, Pic::AlarmFlash)); // an ended alarm not yet confirmed
+        QCOMPARE(alarms(1, 1), qMakePair(2, Pic::AlarmFlash));
+        rig.s.timers.Timer3Tick(); // sounds while one is active
         QCOMPARE(rig.played, QStringList{QStringLiteral("alarm.wav")});
-        QCOMPARE(alarms(0, 1), 0);
-        QCOMPARE(alarms(0, 0), 0);
-        QCOMPARE(rig.panels.picture(3), Pic::None);
+        QCOMPARE(alarms(0, 1), qMakePair(0, Pic::AlarmFlash));
+        QCOMPARE(alarms(0, 0), qMakePair(0, Pic::None));
     }
 
     void hubAsksLoadedWindowsOnlyAndTheRightOnes()
