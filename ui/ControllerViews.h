@@ -8,7 +8,8 @@ public:
     virtual void OdswiezPanel() = 0;
     // The button that sends the keys is there only in control mode.
     virtual void setUstawVisible(bool visible) = 0;
-    // The controller is now blocked: the unblock caption, sending and the keys usable.
+    // The controller is now blocked: the unblock caption and the buttons usable;
+    // the keys follow at the next redraw.
     virtual void showBlocked() = 0;
 };
 

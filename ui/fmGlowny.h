@@ -13,6 +13,7 @@ class PanelView;
 class QMdiArea;
 class QMenu;
 class Station;
+class fmpanel;
 class StatusPanels;
 
 // The frame of the station: menu, toolbar, status bar and the area in which
@@ -69,6 +70,8 @@ private:
     // Shows the named child window, or the word that it is not there yet.
     void showWindow(const QString &name, const QString &caption, std::function<void()> onClose = {});
     void unloadWindow(const QString &name);
+    void openPanel();
+    void closePanel();
     void unload();
 
     Station &m_station;
@@ -81,6 +84,7 @@ private:
     QHash<QString, QMenu *> m_menus;
     QPointer<QWidget> m_alarmWindow;
     PanelView *m_panelView = nullptr;
+    QPointer<fmpanel> m_panel;
     DataView *m_dataView = nullptr;
     bool m_closing = false;
 };

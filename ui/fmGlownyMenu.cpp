@@ -4,6 +4,7 @@
 
 #include "MainToolbar.h"
 #include "frmOptions.h"
+#include "fmpanel.h"
 #include "frmSplash.h"
 
 #include "base/Dialogs.h"
@@ -180,9 +181,30 @@ void fmGlowny::PokazPanel(bool pokaz)
     entry(QStringLiteral("mnuRegulPanel"))->setChecked(pokaz);
     m_toolbar->setValue(QStringLiteral("Panel"), pokaz ? 1 : 0);
     if (pokaz)
-        showWindow(QStringLiteral("fmpanel"), QStringLiteral("Panel regulatora"), [this] { PokazPanel(false); });
+        openPanel();
     else
-        unloadWindow(QStringLiteral("fmpanel"));
+        closePanel();
+}
+
+void fmGlowny::openPanel()
+{
+    if (m_panel) {
+        showChild(m_panel);
+        return;
+    }
+    m_panel = new fmpanel(m_station, *this);
+    m_panel->load(); // which comes back here through PokazPanel(true) and is shown
+}
+
+void fmGlowny::closePanel()
+{
+    if (!m_panel || m_panel->unloaded())
+        return;
+    // the frame around it goes with it
+    if (auto *sub = qobject_cast<QMdiSubWindow *>(m_panel->parentWidget()))
+        sub->close();
+    else
+        m_panel->close();
 }
 
 void fmGlowny::PokazDane(bool pokaz)

@@ -8,6 +8,8 @@
 #include "fmRegulatory.h"
 #include "frmOptions.h"
 
+#include "SimulatedLine.h"
+
 #include "base/LoginPrompt.h"
 
 #include <QMdiArea>
@@ -25,8 +27,10 @@ struct AnsweringLogin final : LoginPrompt {
 
 // A started station with controllers T1 and T2 (T1 current), its main window, the controller
 // tree and the screen's hub; the sounds and the tree's pop-ups asked for are recorded.
+// On the scripted line, or on the simulated one with T1 and T2 at their addresses.
 struct UiRig {
-    UiRig()
+    enum class Line { Scripted, Simulated };
+    explicit UiRig(Line kind = Line::Scripted) : s(prepare(kind))
     {
         f.createDatabase();
         f.addController(QStringLiteral("T1"), 1);
@@ -64,11 +68,27 @@ struct UiRig {
         QTest::mouseClick(view->viewport(), button, {}, view->visualItemRect(*it).center());
     }
 
+    Station &prepare(Line kind)
+    {
+        if (kind == Line::Simulated) {
+            simLine = std::make_unique<SimulatedLine>(f.clock);
+            for (int adres : {1, 2}) {
+                sim::ControllerConfig c;
+                c.address = adres;
+                simLine->bus().addController(c);
+            }
+            f.attachLine(*simLine, FakeEventPump::arrivalsOf(*simLine));
+        }
+        f.attachWizual(hub); // the station tells the hub
+        return f.station();
+    }
+
     TestEnv env;
     StationFixture f{QStringLiteral("zorbel.db")};
     StatusPanels &panels = f.panels;
     ScreenWizual hub{panels};
-    Station &s = (f.attachWizual(hub), f.station()); // the station tells the hub
+    std::unique_ptr<SimulatedLine> simLine;
+    Station &s;
     AnsweringLogin login{s.oApp};
     fmGlowny frame{s, login};
     fmRegulatory *tree = nullptr;

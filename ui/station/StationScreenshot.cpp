@@ -22,7 +22,10 @@ void saveWindows(const QString &file)
     // the main window below, the windows it owns above it
     std::stable_sort(shown.begin(), shown.end(),
                      [](QWidget *a, QWidget *b) { return !a->parentWidget() && b->parentWidget(); });
-    QPixmap shot(area.size().expandedTo(QSize(1, 1)));
+    // at the screen's own pixel ratio, so that a scaled desktop is seen as it is
+    const qreal ratio = qApp->devicePixelRatio();
+    QPixmap shot(area.size().expandedTo(QSize(1, 1)) * ratio);
+    shot.setDevicePixelRatio(ratio);
     shot.fill(Qt::darkGray);
     QPainter p(&shot);
     for (QWidget *w : shown)
