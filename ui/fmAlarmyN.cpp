@@ -58,19 +58,30 @@ fmAlarmyN::fmAlarmyN(ActiveAlarmList &alarms, Dialogs &dialogs, QWidget *parent)
 
 void fmAlarmyN::refresh()
 {
-    m_list->clear();
-    for (int i = 1; i <= m_alarms.rowCount(); ++i) {
-        const ActiveAlarmList::Row &r = m_alarms.row(i);
-        auto *item = new QTreeWidgetItem(m_list, {r.text, r.subItems[1], r.subItems[2]});
-        const QIcon icon = r.icon == 1 ? StationImages::lostLink() : StationImages::limitExceeded();
-        if (r.icon != 0)
-            item->setIcon(0, QIcon(icon.pixmap(16, 16, r.ghosted ? QIcon::Disabled : QIcon::Normal)));
-        for (int c = 0; c < 3; ++c) {
-            QFont f = item->font(c);
-            f.setBold(r.bold);
-            item->setFont(c, f);
-            item->setForeground(c, r.red ? QColor(255, 0, 0) : QColor(0, 0, 0));
-        }
+    // rows are changed in place, so the selection and the scroll stay
+    const int count = m_alarms.rowCount();
+    while (m_list->topLevelItemCount() > count)
+        delete m_list->takeTopLevelItem(m_list->topLevelItemCount() - 1);
+    for (int i = 1; i <= count; ++i) {
+        QTreeWidgetItem *item = m_list->topLevelItem(i - 1);
+        if (!item)
+            item = new QTreeWidgetItem(m_list);
+        showRow(item, m_alarms.row(i));
+    }
+}
+
+void fmAlarmyN::showRow(QTreeWidgetItem *item, const ActiveAlarmList::Row &r)
+{
+    item->setText(0, r.text);
+    item->setText(1, r.subItems[1]);
+    item->setText(2, r.subItems[2]);
+    const QIcon icon = r.icon == 1 ? StationImages::lostLink() : StationImages::limitExceeded();
+    item->setIcon(0, r.icon != 0 ? QIcon(icon.pixmap(16, 16, r.ghosted ? QIcon::Disabled : QIcon::Normal)) : QIcon());
+    for (int c = 0; c < 3; ++c) {
+        QFont f = item->font(c);
+        f.setBold(r.bold);
+        item->setFont(c, f);
+        item->setForeground(c, r.red ? QColor(255, 0, 0) : QColor(0, 0, 0));
     }
 }
 

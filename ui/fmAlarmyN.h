@@ -1,10 +1,12 @@
 #pragma once
 
+#include "model/ActiveAlarmList.h"
+
 #include <QWidget>
 
-class ActiveAlarmList;
 class Dialogs;
 class QTreeWidget;
+class QTreeWidgetItem;
 
 // The alarm window: every alarm of the run, red while active, bold until
 // confirmed, dimmed once over; a double click confirms. It shows the alarm
@@ -13,7 +15,7 @@ class fmAlarmyN final : public QWidget {
 public:
     fmAlarmyN(ActiveAlarmList &alarms, Dialogs &dialogs, QWidget *parent = nullptr);
 
-    // Redraws the rows from the list.
+    // Brings the rows in line with the list, each in its place.
     void refresh();
 
 protected:
@@ -21,6 +23,7 @@ protected:
 
 private:
     void confirmCurrent();
+    static void showRow(QTreeWidgetItem *item, const ActiveAlarmList::Row &r);
 
     ActiveAlarmList &m_alarms;
     Dialogs &m_dialogs;

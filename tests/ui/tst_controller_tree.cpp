@@ -71,6 +71,16 @@ private slots:
         QCOMPARE(rig.s.oApp.IloscNiePotwAlarmow, std::int16_t(1));
         QVERIFY(!list->topLevelItem(0)->font(2).bold());
         QCOMPARE(list->topLevelItem(0)->foreground(2).color(), QColor(255, 0, 0)); // still active
+
+        // a change keeps the rows where they are: the selection and the scroll stay
+        rig.s.fmAlarmyN.setChangeListener([&] { window.refresh(); });
+        QTreeWidgetItem *selected = list->topLevelItem(1);
+        list->setCurrentItem(selected);
+        rig.s.fmAlarmyN.NowyAlarm(rig.f.clock.now(), 1, 100, QString());
+        rig.s.fmAlarmyN.DezaktywujAlarm(1);
+        QCOMPARE(list->topLevelItemCount(), 3);
+        QCOMPARE(list->currentItem(), selected);
+        QCOMPARE(list->topLevelItem(0)->foreground(2).color(), QColor(0, 0, 0)); // no longer active
     }
 };
 
