@@ -21,4 +21,7 @@ public:
 
     virtual ~Dialogs() = default;
     virtual int MsgBox(const QString &prompt, int style = OkOnly, const QString &title = QString()) = 0;
+    // The file an export is saved to, offering `suggested`; empty when the
+    // operator cancels (and where nobody can be asked). `filter` as "PDF (*.pdf)".
+    virtual QString saveFileName(const QString &, const QString &, const QString &) { return {}; }
 };

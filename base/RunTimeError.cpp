@@ -27,6 +27,10 @@ RunTimeError RunTimeError::duplicateKey()
 RunTimeError RunTimeError::divisionByZero() { return {DivisionByZero, QStringLiteral("Dzielenie przez zero")}; }
 RunTimeError RunTimeError::invalidCall() { return {InvalidCall, QStringLiteral("Nieprawidłowe wywołanie procedury lub argument")}; }
 RunTimeError RunTimeError::database(const QString &what) { return {DatabaseError, what}; }
+RunTimeError RunTimeError::fileNotSaved(const QString &path, const QString &reason)
+{
+    return {FileAccess, QStringLiteral("Nie można zapisać pliku %1: %2").arg(path, reason)};
+}
 RunTimeError RunTimeError::noCurrentRecord()
 {
     return {NoCurrentRecord, QStringLiteral("Brak bieżącego rekordu: BOF lub EOF ma wartość True albo rekord został usunięty")};

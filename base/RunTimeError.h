@@ -15,6 +15,7 @@ public:
         SubscriptOutOfRange = 9,
         DivisionByZero = 11,
         TypeMismatch = 13,
+        FileAccess = 75,
         InvalidUseOfNull = 94,
         DuplicateKey = 457,
         DatabaseError = 3000,
@@ -41,6 +42,8 @@ public:
     static RunTimeError divisionByZero();
     static RunTimeError invalidCall();
     static RunTimeError database(const QString &what);
+    // A file that could not be written whole; `reason` is the system's word.
+    static RunTimeError fileNotSaved(const QString &path, const QString &reason);
     // A row was to be changed where the search found none.
     static RunTimeError noCurrentRecord();
     static RunTimeError invalidPortNumber();

@@ -75,14 +75,18 @@ void fmGlowny::prepareBars()
 QWidget *fmGlowny::showChild(QWidget *window)
 {
     auto *sub = qobject_cast<QMdiSubWindow *>(window->parentWidget());
-    if (!sub) {
-        const QRect wanted = window->geometry();
+    const QRect wanted = window->geometry();
+    const bool added = !sub;
+    if (added) {
         sub = m_area->addSubWindow(window, window->windowFlags() & ~Qt::Window);
         sub->setAttribute(Qt::WA_DeleteOnClose, window->testAttribute(Qt::WA_DeleteOnClose));
         sub->move(wanted.topLeft());
     }
     window->show();
     sub->show();
+    // the window keeps the size it gave itself, its frame around it (known once shown)
+    if (added)
+        sub->resize(wanted.size() + sub->size() - window->size());
     m_area->setActiveSubWindow(sub);
     return window;
 }
@@ -102,12 +106,16 @@ void fmGlowny::unloadWindow(const QString &name)
 {
     if (auto *open = m_area->findChild<NotYetWindow *>(name)) {
         open->setOnClose({}); // unloaded by the program: no second round of its close handling
-        // the frame around it goes with it
-        if (auto *sub = qobject_cast<QMdiSubWindow *>(open->parentWidget()))
-            sub->close();
-        else
-            open->close();
+        closeChild(open);
     }
+}
+
+void fmGlowny::closeChild(QWidget *window)
+{
+    if (auto *sub = qobject_cast<QMdiSubWindow *>(window->parentWidget()))
+        sub->close();
+    else
+        window->close();
 }
 
 void fmGlowny::guarded(const std::function<void()> &command)

@@ -14,6 +14,8 @@ class QMdiArea;
 class QMenu;
 class Station;
 class fmpanel;
+class frmDane;
+class fmAlarmyArch;
 class StatusPanels;
 
 // The frame of the station: menu, toolbar, status bar and the area in which
@@ -72,6 +74,11 @@ private:
     void unloadWindow(const QString &name);
     void openPanel();
     void closePanel();
+    void openData();
+    // The alarm archive, shown; created and loaded the first time.
+    fmAlarmyArch *openArchive();
+    // Closes a child window with the frame around it.
+    void closeChild(QWidget *window);
     void unload();
 
     Station &m_station;
@@ -86,5 +93,7 @@ private:
     PanelView *m_panelView = nullptr;
     QPointer<fmpanel> m_panel;
     DataView *m_dataView = nullptr;
+    QPointer<frmDane> m_data;
+    QPointer<fmAlarmyArch> m_archive;
     bool m_closing = false;
 };

@@ -5,6 +5,8 @@
 #include "MainToolbar.h"
 #include "frmOptions.h"
 #include "fmpanel.h"
+#include "frmDane.h"
+#include "fmAlarmyArch.h"
 #include "frmSplash.h"
 
 #include "base/Dialogs.h"
@@ -71,8 +73,7 @@ void fmGlowny::buildMenus()
              [this] { showWindow(QStringLiteral("RaportDobowyRegulatora"), QStringLiteral("Raport dobowy")); });
     addEntry(regul, "mnyRegWykrDob", "&Wykres z akt. doby",
              [this] { showWindow(QStringLiteral("fmWykresy1"), QStringLiteral("Wykres dobowy")); });
-    addEntry(regul, "mnuRegulAlarmy", "&Alarmy z doby",
-             [this] { showWindow(QStringLiteral("fmAlarmyArch"), QStringLiteral("Archiwum alarmów")); });
+    addEntry(regul, "mnuRegulAlarmy", "&Alarmy z doby", [this] { openArchive()->WczytajAlarmy(); });
     addEntry(regul, "mnunic4", "-", {});
     addEntry(regul, "mnuRegulZablok", "&Zablokuj regulator", [this] {
         // always a request to block: unblocking is the front panel's button
@@ -113,8 +114,7 @@ void fmGlowny::buildMenus()
         options->setAttribute(Qt::WA_DeleteOnClose);
         options->show();
     });
-    addEntry(narz, "mnuNarzAlarmy", "Archiwum &alarmów",
-             [this] { showWindow(QStringLiteral("fmAlarmyArch"), QStringLiteral("Archiwum alarmów")); });
+    addEntry(narz, "mnuNarzAlarmy", "Archiwum &alarmów", [this] { openArchive(); });
 
     QMenu *pomoc = addMenu(bar, "mnuPomoc", "&Pomoc");
     addEntry(pomoc, "mnuPomocOProgramie", "&O programie", [this] {
@@ -198,25 +198,38 @@ void fmGlowny::openPanel()
 
 void fmGlowny::closePanel()
 {
-    if (!m_panel || m_panel->unloaded())
-        return;
-    // the frame around it goes with it
-    if (auto *sub = qobject_cast<QMdiSubWindow *>(m_panel->parentWidget()))
-        sub->close();
-    else
-        m_panel->close();
+    if (m_panel && !m_panel->unloaded())
+        closeChild(m_panel);
 }
 
 void fmGlowny::PokazDane(bool pokaz)
 {
     entry(QStringLiteral("mnureguldane"))->setChecked(pokaz);
     m_toolbar->setValue(QStringLiteral("Dane"), pokaz ? 1 : 0);
-    // closed by its own close box the data window only releases its button
     if (pokaz)
-        showWindow(QStringLiteral("frmDane"), QStringLiteral("Dane regulatora"),
-                   [this] { m_toolbar->setValue(m_toolbar->key(4), 0); });
-    else
-        unloadWindow(QStringLiteral("frmDane"));
+        openData();
+    else if (m_data && !m_data->unloaded())
+        closeChild(m_data);
+}
+
+void fmGlowny::openData()
+{
+    if (!m_data) {
+        m_data = new frmDane(m_station, *this);
+        m_data->load();
+    }
+    showChild(m_data);
+}
+
+fmAlarmyArch *fmGlowny::openArchive()
+{
+    if (!m_archive) {
+        auto window = std::make_unique<fmAlarmyArch>(m_station);
+        window->load();
+        m_archive = window.release();
+    }
+    showChild(m_archive);
+    return m_archive;
 }
 
 void fmGlowny::UstawMonitoring(bool wlacz)

@@ -8,6 +8,7 @@
 #include "base/Conversions.h"
 #include "base/LoginPrompt.h"
 #include "base/NumberForm.h"
+#include "base/PictureFormat.h"
 #include "base/RunTimeError.h"
 #include "base/SettingsStore.h"
 #include "base/clsFunkcje.h"
@@ -120,6 +121,44 @@ private slots:
         QFETCH(bool, single);
         QFETCH(QString, text);
         QCOMPARE(single ? numberForm(float(value)) : numberForm(value), text);
+    }
+
+    void pictureFormatsRoundAndPlaceTheirDigits_data()
+    {
+        QTest::addColumn<double>("value");
+        QTest::addColumn<bool>("single");
+        QTest::addColumn<QString>("picture");
+        QTest::addColumn<QString>("text");
+        const QString energy = QStringLiteral("##########0.000");
+        QTest::newRow("zero keeps its digit") << 0.0 << true << energy << "0.000";
+        QTest::newRow("zero whole") << 0.0 << true << "#######0" << "0";
+        QTest::newRow("zero two places") << 0.0 << true << "###0.00" << "0.00";
+        QTest::newRow("no padding") << 12.3456 << true << energy << "12.346";
+        QTest::newRow("negative keeps its sign") << -5.25 << true << energy << "-5.250";
+        QTest::newRow("negative rounding to zero has none") << -0.0004 << true << "0.000" << "0.000";
+        QTest::newRow("half away from zero") << 2.5 << false << "#######0" << "3";
+        QTest::newRow("negative half away from zero") << -2.5 << false << "#######0" << "-3";
+        QTest::newRow("single half on its digits") << 1.0005 << true << "0.000" << "1.001";
+        QTest::newRow("single's digits") << 123456.7891 << true << "0.000" << "123456.800";
+        QTest::newRow("double's digits") << 123456.7891 << false << "0.000" << "123456.789";
+        QTest::newRow("carry through nines") << 99.999 << true << "###0.00" << "100.00";
+        QTest::newRow("more digits than places") << 1234567.0 << true << "###0.00" << "1234567.00";
+        QTest::newRow("single's seventh digit") << 12345678.0 << true << "#######0" << "12345680";
+        QTest::newRow("small fraction") << 0.05 << true << "0.000" << "0.050";
+        QTest::newRow("optional decimals trimmed") << 1.5 << false << "0.0#" << "1.5";
+        QTest::newRow("optional leading digit") << 0.5 << false << "#.##" << ".5";
+        QTest::newRow("negative section") << -1234.5 << false << "0.000;(0.000)" << "(1234.500)";
+        QTest::newRow("positive section") << 3.0 << false << "0.000;(0.000)" << "3.000";
+        QTest::newRow("zero section") << 0.0 << false << "0.00;(0.00);-" << "-";
+        QTest::newRow("literal around") << 42.0 << false << "Nr 00" << "Nr 42";
+    }
+    void pictureFormatsRoundAndPlaceTheirDigits()
+    {
+        QFETCH(double, value);
+        QFETCH(bool, single);
+        QFETCH(QString, picture);
+        QFETCH(QString, text);
+        QCOMPARE(single ? pictureFormat(float(value), picture) : pictureFormat(value, picture), text);
     }
 
     void arithmeticAndConversionsRaiseOverflowInsteadOfWrapping()

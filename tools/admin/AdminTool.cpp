@@ -20,6 +20,8 @@ int AdminTool::run(const QStringList &arguments)
             return init(o);
         if (o.command == QLatin1String("upgrade"))
             return upgrade(o);
+        if (o.command == QLatin1String("alarms"))
+            return o.alarms.run(o.config, m_out);
         return demo(o);
     } catch (const RunTimeError &e) {
         m_err << "zorbel-admin: " << e.description() << Qt::endl;
@@ -29,13 +31,16 @@ int AdminTool::run(const QStringList &arguments)
 
 namespace {
 
-const char *const Summary = R"(Tworzy bazę danych stacji Zorbel w SQLite albo w PostgreSQL.
+const char *const Summary = R"(Tworzy bazę danych stacji Zorbel w SQLite albo w PostgreSQL
+i zapisuje z niej alarmy regulatora.
 
 Polecenia:
   init     pusta baza danych stacji (sześć tabel)
   demo     instalacja pokazowa: regulatory i drzewo obiektów
   upgrade  przenosi schemat starszej bazy do wersji tego programu
-           (w jednej transakcji; dane zostają))";
+           (w jednej transakcji; dane zostają)
+  alarms   zapisuje alarmy regulatora z podanych dni w pliku CSV albo PDF, np.
+           alarms --kod R05 --from 2026-11-01 --to 2026-11-30 --pdf alarmy.pdf)";
 
 }
 
@@ -49,22 +54,25 @@ std::optional<int> AdminTool::parse(const QStringList &arguments, Options &o)
                                 QStringLiteral("ADRES"));
     const QCommandLineOption force(QStringLiteral("force"),
                                    QStringLiteral("zastępuje istniejącą bazę (plik SQLite albo tabele w PostgreSQL)"));
-    const QCommandLineOption days(QStringLiteral("days"), QStringLiteral("(demo) dopisuje N dni historii pomiarów"),
+    const QCommandLineOption days(QStringLiteral("days"), QStringLiteral("(demo) dopisuje N dni historii pomiarów i alarmów"),
                                   QStringLiteral("N"));
     const QCommandLineOption seed(QStringLiteral("seed"), QStringLiteral("(demo) ziarno generatora historii"),
                                   QStringLiteral("N"));
     for (const QCommandLineOption &option : {db, force, days, seed})
         line.addOption(option);
-    line.setArguments(QStringLiteral("init|demo|upgrade"), 1);
+    o.alarms.addOptions(line);
+    line.setArguments(QStringLiteral("init|demo|upgrade|alarms"), 1);
     if (line.parse(arguments) != CommandLine::Outcome::Run)
         return line.answer(m_out, m_err);
 
     o.command = line.positionalArguments().value(0);
-    const QStringList commands{QStringLiteral("init"), QStringLiteral("demo"), QStringLiteral("upgrade")};
+    const QStringList commands{QStringLiteral("init"), QStringLiteral("demo"), QStringLiteral("upgrade"),
+                               QStringLiteral("alarms")};
     if (o.command.isEmpty())
-        line.refuse(QStringLiteral("brak polecenia: init, demo albo upgrade"));
+        line.refuse(QStringLiteral("brak polecenia: init, demo, upgrade albo alarms"));
     else if (!commands.contains(o.command))
-        line.refuse(QStringLiteral("nieznane polecenie: %1 (dozwolone: init, demo, upgrade)").arg(o.command));
+        line.refuse(QStringLiteral("nieznane polecenie: %1 (dozwolone: init, demo, upgrade, alarms)").arg(o.command));
+    o.alarms.read(line, o.command == QLatin1String("alarms"));
     o.force = line.isSet(force);
     if (line.isSet(days)) {
         bool ok = false;
@@ -132,7 +140,7 @@ int AdminTool::demo(const Options &o)
     DemoInstallation::fill(db, o.days, ZDate::fromDateTime(QDateTime::currentDateTime()), o.seed);
     const auto t = DemoInstallation::lastTotals();
     m_out << "Utworzono instalację pokazową w " << o.config.describe() << ": " << t.controllers << " regulatorów, "
-          << t.elements << " elementów drzewa, " << t.samples << " pomiarów" << Qt::endl;
+          << t.elements << " elementów drzewa, " << t.samples << " pomiarów, " << t.alarms << " alarmów" << Qt::endl;
     return 0;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "AlarmExport.h"
 #include "db/DatabaseConfig.h"
 
 #include <QString>
@@ -8,8 +9,8 @@
 #include <optional>
 
 // The database tool: creates an empty station database or a demonstration
-// installation, on SQLite or PostgreSQL, and moves an older database's schema
-// forward. Returns a process exit code.
+// installation, on SQLite or PostgreSQL, moves an older database's schema
+// forward and exports a controller's alarms. Returns a process exit code.
 class AdminTool {
 public:
     AdminTool(QTextStream &out, QTextStream &err) : m_out(out), m_err(err) {}
@@ -23,6 +24,7 @@ private:
         bool force = false;
         int days = 0;
         unsigned seed = 1;
+        AlarmExport alarms;
     };
 
     // Reads the command line into `o`; an exit code when the tool is not

@@ -4,6 +4,9 @@
 #include "db/Database.h"
 #include "db/HierarchyStore.h"
 #include "db/SampleStore.h"
+#include "db/clsBD.h"
+
+#include "base/NumberForm.h"
 
 #include <cmath>
 #include <numbers>
@@ -96,8 +99,10 @@ void DemoInstallation::fill(Database &db, int days, ZDate until, unsigned seed)
         writeControllers(db);
         writeTree(db);
         for (const Controller &c : controllers())
-            if (days > 0) // an inactive one has its history from before it was switched off
+            if (days > 0) { // an inactive one has its history from before it was switched off
                 totals.samples += writeHistory(db, c, days, until, seed + unsigned(c.adres));
+                totals.alarms += writeAlarms(db, c, days, until, seed + unsigned(c.adres));
+            }
         db.commit();
     } catch (...) {
         db.rollback();
@@ -171,5 +176,37 @@ int DemoInstallation::writeHistory(Database &db, const Controller &c, int days, 
     base.PopPradBiernSr = float(counterQ);
     base.PopPradBiernPojSr = float(counterCap);
     samples.setBase(base);
+    return written;
+}
+
+// Alarms as the station writes them: the compressor house over its voltage
+// threshold a few times a day, now and then a lost link or tg fi out of its
+// band elsewhere; most confirmed within minutes and ended later, the newest
+// ones not yet.
+int DemoInstallation::writeAlarms(Database &db, const Controller &c, int days, ZDate until, unsigned seed)
+{
+    std::mt19937 rng(seed * 7919u);
+    std::uniform_real_distribution<double> unit(0.0, 1.0);
+    const bool compressors = c.napieciePomiar == 500;
+    const double perDay = compressors ? 4.0 : 0.3;
+    clsBD writer(on(db));
+    int written = 0;
+    for (ZDate t = until.addDays(-days); ; ) {
+        t = t.addSecs(std::int64_t(-std::log(1.0 - unit(rng)) / perDay * 86400.0)); // a Poisson process
+        if (t > until)
+            break;
+        QString text = QStringLiteral("Brak komunikacji z regulatorem ");
+        if (compressors)
+            text = QStringLiteral("Przekroczona wartość napięcia (") + numberForm(float(std::round(2000.0 + unit(rng) * 120.0) / 4.0)) +
+                   QStringLiteral(" V)"); // the device reads in quarters of a volt
+        else if (unit(rng) < 0.5)
+            text = QStringLiteral("Przekroczona wartość tg fi (") + QString::number(0.41 + unit(rng) * 0.2, 'f', 7) + QStringLiteral(")");
+        const std::int32_t key = writer.ZapiszAlarm(t, AlarmSource::Controller, text, c.kod, QString());
+        const ZDate confirmed = t.addSecs(60 + std::int64_t(unit(rng) * 1800));
+        const ZDate ended = t.addSecs(300 + std::int64_t(unit(rng) * 7200));
+        writer.ModyfikujAlarm(key, confirmed <= until ? confirmed.toVariant() : QVariant(),
+                              ended <= until ? ended.toVariant() : QVariant(), QString());
+        ++written;
+    }
     return written;
 }

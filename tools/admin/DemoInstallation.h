@@ -33,13 +33,14 @@ public:
     static const std::vector<Element> &tree();
 
     // Writes controllers and tree; with days > 0 also the history up to
-    // `until` and the matching last-sample counters.
+    // `until` (samples and alarms) and the matching last-sample counters.
     static void fill(Database &db, int days, ZDate until, unsigned seed = 1);
 
     struct Totals {
         int controllers = 0;
         int elements = 0;
         int samples = 0;
+        int alarms = 0;
     };
     static Totals lastTotals();
 
@@ -47,4 +48,5 @@ private:
     static void writeControllers(Database &db);
     static void writeTree(Database &db);
     static int writeHistory(Database &db, const Controller &c, int days, ZDate until, unsigned seed);
+    static int writeAlarms(Database &db, const Controller &c, int days, ZDate until, unsigned seed);
 };

@@ -1,5 +1,6 @@
 #include "MessageBoxDialogs.h"
 
+#include <QFileDialog>
 #include <QMessageBox>
 
 int MessageBoxDialogs::MsgBox(const QString &prompt, int style, const QString &title)
@@ -28,4 +29,9 @@ int MessageBoxDialogs::MsgBox(const QString &prompt, int style, const QString &t
     case QMessageBox::No: return No;
     default: return Ok;
     }
+}
+
+QString MessageBoxDialogs::saveFileName(const QString &title, const QString &suggested, const QString &filter)
+{
+    return QFileDialog::getSaveFileName(m_parent, title, suggested, filter);
 }

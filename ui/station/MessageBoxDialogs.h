@@ -10,6 +10,7 @@ public:
     explicit MessageBoxDialogs(QWidget *parent = nullptr) : m_parent(parent) {}
     void setParent(QWidget *parent) { m_parent = parent; }
     int MsgBox(const QString &prompt, int style, const QString &title) override;
+    QString saveFileName(const QString &title, const QString &suggested, const QString &filter) override;
 
 private:
     QWidget *m_parent;

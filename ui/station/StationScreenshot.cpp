@@ -49,6 +49,8 @@ void scheduleScreenshot(const QString &file, int afterMs, const std::function<vo
 
 void scheduleTrigger(const QString &entry, const std::function<void(const QString &entry)> &trigger)
 {
-    if (!entry.isEmpty())
-        QTimer::singleShot(1000, qApp, [entry, trigger] { trigger(entry); });
+    // several, comma-separated, half a second apart
+    const QStringList entries = entry.split(QLatin1Char(','), Qt::SkipEmptyParts);
+    for (qsizetype i = 0; i < entries.size(); ++i)
+        QTimer::singleShot(1000 + int(i) * 500, qApp, [e = entries.at(i), trigger] { trigger(e); });
 }

@@ -69,7 +69,7 @@ struct StationCommandLine {
                                        QStringLiteral("MS")};
     QCommandLineOption trigger{QStringLiteral("trigger"),
                                QStringLiteral("sekundę po starcie wybiera pozycję menu o tej nazwie,\n"
-                                              "np. mnuNarzOpcje"),
+                                              "np. mnuNarzOpcje; kilka po przecinku jedna po drugiej"),
                                QStringLiteral("POZYCJA")};
     int screenshotAfterMs = 4000;
 };
