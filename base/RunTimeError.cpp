@@ -46,6 +46,14 @@ RunTimeError RunTimeError::portNotOpened(const QString &description)
     return {PortNotOpened, QStringLiteral("Błąd otwarcia portu szeregowego: ") + description};
 }
 
+RunTimeError RunTimeError::objectNotSet()
+{
+    return {ObjectNotSet, QStringLiteral("Nie ustawiono zmiennej obiektowej lub zmiennej bloku With")};
+}
+RunTimeError RunTimeError::cycle()
+{
+    return {Cycle, QStringLiteral("Ta operacja wprowadziłaby cykl")};
+}
 RunTimeError RunTimeError::elementNotFound()
 {
     return {ElementNotFound, QStringLiteral("Nie znaleziono elementu")};

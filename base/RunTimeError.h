@@ -15,6 +15,7 @@ public:
         SubscriptOutOfRange = 9,
         DivisionByZero = 11,
         TypeMismatch = 13,
+        ObjectNotSet = 91,
         FileAccess = 75,
         InvalidUseOfNull = 94,
         DuplicateKey = 457,
@@ -23,6 +24,7 @@ public:
         InvalidPortNumber = 8002,
         PortNotOpened = 8012,
         ElementNotFound = 35601,
+        Cycle = 35614,
     };
 
     RunTimeError(int number, const QString &description);
@@ -51,6 +53,10 @@ public:
     static RunTimeError portNotOpened(const QString &description);
     // A key that names no node of a tree.
     static RunTimeError elementNotFound();
+    // A tree's node put under itself or one of its own.
+    static RunTimeError cycle();
+    // An object asked for where there is none (no node selected).
+    static RunTimeError objectNotSet();
 
 private:
     int m_number;

@@ -33,3 +33,10 @@ QList<QVariantMap> ControllerStore::list(const QStringList &columns)
     }
     return rows;
 }
+
+bool ControllerStore::hasKod(const QString &kod)
+{
+    SqlStatement q(QStringLiteral("SELECT 1 FROM Regulatory WHERE Kod = "));
+    q.value(kod);
+    return m_connection().exec(q).next();
+}

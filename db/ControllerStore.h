@@ -20,6 +20,8 @@ public:
 
     // Adds a controller row; the map names the columns.
     void add(const QVariantMap &columns);
+    // Whether a row has this Kod.
+    bool hasKod(const QString &kod);
     // The given columns of every controller, ordered by address.
     QList<QVariantMap> list(const QStringList &columns);
 

@@ -10,3 +10,20 @@ void HierarchyStore::add(const QString &kod_obiektu, const QString &kod_obiektu_
     s.value(typ) << ")";
     m_connection().exec(s);
 }
+
+int HierarchyStore::remove(const QString &kod_obiektu)
+{
+    SqlStatement s(QStringLiteral("DELETE FROM Hierarchia WHERE kod_obiektu = "));
+    s.value(kod_obiektu);
+    return m_connection().exec(s).numRowsAffected();
+}
+
+std::vector<HierarchyStore::Row> HierarchyStore::all()
+{
+    QSqlQuery q = m_connection().exec(SqlStatement(QStringLiteral(
+        "SELECT kod_obiektu, kod_obiektu_nad, typ FROM Hierarchia ORDER BY kod_obiektu_nad, kod_obiektu")));
+    std::vector<Row> rows;
+    while (q.next())
+        rows.push_back({q.value(0).toString(), q.value(1).toString(), q.value(2).toString()});
+    return rows;
+}

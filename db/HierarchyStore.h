@@ -2,6 +2,7 @@
 
 #include <QString>
 #include <functional>
+#include <vector>
 
 class Database;
 
@@ -13,6 +14,14 @@ public:
 
     // An element under `nad`; typ "S" an object of the structure, "R" a controller.
     void add(const QString &kod_obiektu, const QString &kod_obiektu_nad, const QString &typ);
+    // Removes the rows of the element; the number removed.
+    int remove(const QString &kod_obiektu);
+
+    struct Row {
+        QString kod_obiektu, kod_obiektu_nad, typ;
+    };
+    // Every row, by parent and then name.
+    std::vector<Row> all();
 
 private:
     std::function<Database &()> m_connection;

@@ -16,6 +16,7 @@ class Station;
 class fmpanel;
 class frmDane;
 class fmAlarmyArch;
+class fmStruktura;
 class StatusPanels;
 
 // The frame of the station: menu, toolbar, status bar and the area in which
@@ -77,6 +78,10 @@ private:
     void openData();
     // The alarm archive, shown; created and loaded the first time.
     fmAlarmyArch *openArchive();
+    // The object tree, built the first time it is shown.
+    void openStructure();
+    // Adds an element under the current one of the object tree.
+    void openElementDialog();
     // Closes a child window with the frame around it.
     void closeChild(QWidget *window);
     void unload();
@@ -95,5 +100,6 @@ private:
     DataView *m_dataView = nullptr;
     QPointer<frmDane> m_data;
     QPointer<fmAlarmyArch> m_archive;
+    QPointer<fmStruktura> m_structure;
     bool m_closing = false;
 };

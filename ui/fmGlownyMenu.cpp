@@ -7,6 +7,8 @@
 #include "fmpanel.h"
 #include "frmDane.h"
 #include "fmAlarmyArch.h"
+#include "fmStruktura.h"
+#include "frmElStrukt.h"
 #include "frmSplash.h"
 
 #include "base/Dialogs.h"
@@ -48,7 +50,7 @@ void fmGlowny::buildMenus()
 {
     QMenuBar *bar = menuBar();
     QMenu *plik = addMenu(bar, "mnuPlik", "&Plik");
-    addEntry(plik, "mnuStruktura", "&Struktura", [this] { showWindow(QStringLiteral("fmStruktura"), QStringLiteral("Struktura")); });
+    addEntry(plik, "mnuStruktura", "&Struktura", [this] { openStructure(); });
     addEntry(plik, "mnuKoniec", "&Koniec", [this] { close(); });
 
     QMenu *baza = addMenu(bar, "mnuBaza", "&Baza danych");
@@ -126,6 +128,13 @@ void fmGlowny::buildMenus()
     str->menuAction()->setVisible(false); // the pop-up of the object tree
     addEntry(str, "mnuStrRapDob", "raport dobowy", [this] { WyswRaportDobowy(); });
     addEntry(str, "mnuStrRapOkr", "raport okresowy", [this] { WyswRaportOkresowy(); });
+    // a plant's tree is built here too, not only from outside
+    addEntry(str, "mnuStrSep", "-", {});
+    addEntry(str, "mnuStrDodaj", "Dodaj element…", [this] { openElementDialog(); });
+    addEntry(str, "mnuStrUsun", "Usuń element", [this] {
+        if (m_structure)
+            m_structure->UsunElement();
+    });
 }
 
 QAction *fmGlowny::entry(const QString &name) const
@@ -230,6 +239,27 @@ fmAlarmyArch *fmGlowny::openArchive()
     }
     showChild(m_archive);
     return m_archive;
+}
+
+void fmGlowny::openStructure()
+{
+    if (!m_structure) {
+        m_structure = new fmStruktura(m_station);
+        m_structure->setPopupHandler([this](const QString &name, const QPoint &at) { menu(name)->popup(at); });
+        m_structure->setDailyReportOpener([this] { showWindow(QStringLiteral("fmRapDobS"), QStringLiteral("Raport dobowy")); });
+        showChild(m_structure);
+        m_structure->LadujObiekty(); // a tree that fails to build shows what it has, with the error
+        return;
+    }
+    showChild(m_structure);
+}
+
+void fmGlowny::openElementDialog()
+{
+    if (!m_structure)
+        return;
+    auto *dialog = new frmElStrukt(m_station, *m_structure, this);
+    dialog->show();
 }
 
 void fmGlowny::UstawMonitoring(bool wlacz)

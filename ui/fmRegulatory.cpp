@@ -11,7 +11,6 @@ using namespace StationImages;
 #include "base/clsWizual.h"
 
 #include <QCloseEvent>
-#include <QMouseEvent>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -43,13 +42,11 @@ std::uint8_t stageNumber(const QString &key)
 
 fmRegulatory::fmRegulatory(Station &station, QWidget *parent)
     : QWidget(parent, Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint), m_station(station),
-      m_images(StationImages::controllerTreeImages()), m_tree(new QTreeWidget(this))
+      m_tree(new KeyedTree(StationImages::controllerTreeImages(), this))
 {
     setObjectName(QStringLiteral("fmRegulatory"));
     setWindowTitle(QStringLiteral("Regulatory"));
-    m_tree->setObjectName(QStringLiteral("Tree"));
-    m_tree->setHeaderHidden(true);
-    m_tree->viewport()->installEventFilter(this);
+    m_tree->setClickHandler([this](QTreeWidgetItem *item, bool right, const QPoint &at) { nodeClick(item, right, at); });
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_tree);
@@ -59,84 +56,33 @@ fmRegulatory::fmRegulatory(Station &station, QWidget *parent)
 
 void fmRegulatory::LadujObiekty()
 {
-    m_tree->clear();
-    m_nodes.clear();
-    m_pressedKey.clear();
-    QTreeWidgetItem *root = addNode(nullptr, RootKey, QStringLiteral("System Zorbel"), TreeImage::Plant, QString());
-    QTreeWidgetItem *group = addNode(root, GroupKey, QStringLiteral("Regulatory"), TreeImage::ControllerGroup, QStringLiteral("RR"));
+    m_tree->clearNodes();
+    QTreeWidgetItem *root = m_tree->addNode(nullptr, RootKey, QStringLiteral("System Zorbel"), TreeImage::Plant, QString());
+    QTreeWidgetItem *group = m_tree->addNode(root, GroupKey, QStringLiteral("Regulatory"), TreeImage::ControllerGroup, QStringLiteral("RR"));
     for (const auto &r : m_station.Regulatory) {
-        QTreeWidgetItem *controller = addNode(group, r->Kod, r->Kod, TreeImage::Controller, QStringLiteral("R"));
+        QTreeWidgetItem *controller = m_tree->addNode(group, r->Kod, r->Kod, TreeImage::Controller, QStringLiteral("R"));
         for (int n = 1; n <= StageCount; ++n)
-            addNode(controller, r->Kod + QStringLiteral("_b") + QString::number(n),
+            m_tree->addNode(controller, r->Kod + QStringLiteral("_b") + QString::number(n),
                     QStringLiteral("stopień ") + QString::number(n), TreeImage::StageOff, QStringLiteral("B"));
     }
     root->setExpanded(true);
     group->setExpanded(true);
 }
 
-QTreeWidgetItem *fmRegulatory::addNode(QTreeWidgetItem *parent, const QString &key, const QString &text, int image,
-                                       const QString &tag)
-{
-    if (m_nodes.contains(key))
-        throw RunTimeError::duplicateKey();
-    auto *item = parent ? new QTreeWidgetItem(parent, {text}) : new QTreeWidgetItem(m_tree, {text});
-    item->setData(0, KeyRole, key);
-    item->setData(0, TagRole, tag);
-    m_nodes.insert(key, item);
-    setNodeImage(key, image);
-    return item;
-}
-
-QTreeWidgetItem *fmRegulatory::node(const QString &key) const
-{
-    QTreeWidgetItem *item = m_nodes.value(key);
-    if (!item)
-        throw RunTimeError::elementNotFound();
-    return item;
-}
-
-bool fmRegulatory::hasNode(const QString &key) const
-{
-    return m_nodes.contains(key);
-}
-
-int fmRegulatory::nodeImage(const QString &key) const
-{
-    return node(key)->data(0, ImageRole).toInt();
-}
-
-void fmRegulatory::setNodeImage(const QString &key, int image)
-{
-    QTreeWidgetItem *item = node(key);
-    item->setData(0, ImageRole, image);
-    item->setIcon(0, m_images.image(image));
-}
-
 std::uint32_t fmRegulatory::nodeForeColor(const QString &key) const
 {
-    const QBrush brush = node(key)->foreground(0);
+    const QBrush brush = m_tree->node(key)->foreground(0);
     return brush.style() == Qt::NoBrush ? ForeColor : fromQColor(brush.color());
 }
 
 void fmRegulatory::setNodeForeColor(const QString &key, std::uint32_t colour)
 {
-    node(key)->setForeground(0, toQColor(colour));
+    m_tree->node(key)->setForeground(0, toQColor(colour));
 }
 
 void fmRegulatory::paintAlarm(const QString &kod, bool alarm)
 {
     setNodeForeColor(kod, alarm ? AlarmColour : ForeColor);
-}
-
-bool fmRegulatory::eventFilter(QObject *watched, QEvent *event)
-{
-    if (watched == m_tree->viewport()) {
-        if (event->type() == QEvent::MouseButtonPress)
-            mouseDown(static_cast<const QMouseEvent &>(*event));
-        else if (event->type() == QEvent::MouseButtonRelease)
-            mouseUp(static_cast<const QMouseEvent &>(*event));
-    }
-    return QWidget::eventFilter(watched, event);
 }
 
 // The event hub finds the nodes by key at every reading and nothing reopens
@@ -146,36 +92,11 @@ void fmRegulatory::closeEvent(QCloseEvent *event)
     event->ignore();
 }
 
-// A node is hit on its picture or text, not on the branch beside it.
-QTreeWidgetItem *fmRegulatory::nodeAt(const QPoint &pos) const
+void fmRegulatory::nodeClick(QTreeWidgetItem *item, bool rightButton, const QPoint &globalPos)
 {
-    QTreeWidgetItem *item = m_tree->itemAt(pos);
-    return item && m_tree->visualItemRect(item).contains(pos) ? item : nullptr;
-}
-
-void fmRegulatory::mouseDown(const QMouseEvent &event)
-{
-    m_rightButton = event.button() == Qt::RightButton;
-    const QTreeWidgetItem *item = nodeAt(event.position().toPoint());
-    m_pressedKey = item ? item->data(0, KeyRole).toString() : QString();
-}
-
-// A click is a press and a release on the same node; a double click counts once.
-void fmRegulatory::mouseUp(const QMouseEvent &event)
-{
-    QTreeWidgetItem *item = nodeAt(event.position().toPoint());
-    const bool same = item && !m_pressedKey.isEmpty() && item->data(0, KeyRole).toString() == m_pressedKey;
-    m_pressedKey.clear();
-    if (same)
-        nodeClick(item, event.globalPosition().toPoint());
-}
-
-void fmRegulatory::nodeClick(QTreeWidgetItem *item, const QPoint &globalPos)
-{
-    m_tree->setCurrentItem(item);
     try {
         const QString menu = clickNode(item);
-        if (m_rightButton && !menu.isEmpty() && m_popup)
+        if (rightButton && !menu.isEmpty() && m_popup)
             m_popup(menu, globalPos);
     } catch (const RunTimeError &e) {
         m_station.services.dialogs.MsgBox(e.message(), Dialogs::Critical, QStringLiteral("Zorbel"));
@@ -185,9 +106,9 @@ void fmRegulatory::nodeClick(QTreeWidgetItem *item, const QPoint &globalPos)
 // Makes the node current; gives the pop-up menu of its kind.
 QString fmRegulatory::clickNode(QTreeWidgetItem *item)
 {
-    const QString tag = item->data(0, TagRole).toString();
+    const QString tag = KeyedTree::tagOf(item);
     if (tag == QLatin1String("R")) {
-        selectController(item->data(0, KeyRole).toString());
+        selectController(KeyedTree::keyOf(item));
         return QStringLiteral("popmnuRegul");
     }
     if (tag == QLatin1String("RR"))
@@ -211,8 +132,8 @@ void fmRegulatory::selectController(const QString &kod)
 // The stage's controller need not be the current one, and does not become it.
 void fmRegulatory::selectStage(const QTreeWidgetItem *stage)
 {
-    clRegulator &r = m_station.Regulatory.Item(stage->parent()->data(0, KeyRole).toString());
-    const std::uint8_t nr = stageNumber(stage->data(0, KeyRole).toString());
+    clRegulator &r = m_station.Regulatory.Item(KeyedTree::keyOf(stage->parent()));
+    const std::uint8_t nr = stageNumber(KeyedTree::keyOf(stage));
     r.NrAktBaterii = nr;
     m_station.oWizual.eZmianaBaterii(m_station.oApp.NrAktRegulatora, nr);
 }

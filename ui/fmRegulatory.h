@@ -1,16 +1,12 @@
 #pragma once
 
-#include "ImageList.h"
+#include "KeyedTree.h"
 
-#include <QHash>
 #include <QString>
 #include <QWidget>
 #include <cstdint>
 #include <functional>
 
-class QMouseEvent;
-class QTreeWidget;
-class QTreeWidgetItem;
 class Station;
 
 // The controller tree: "System Zorbel", the group "Regulatory", under it
@@ -21,12 +17,9 @@ class Station;
 // Nodes are found by key: a controller's Kod, a stage's Kod + "_b" + number,
 // "Korzen" and "Reg". Keys compare exactly, case included (the controllers'
 // collection is case-blind, so no two of its Kods differ by case alone and
-// everybody asks for a node with the Kod it was built from). A key that is
-// not in the tree is the run-time's "element not found".
+// everybody asks for a node with the Kod it was built from).
 class fmRegulatory final : public QWidget {
 public:
-    // What a node keeps besides its text.
-    enum NodeRole { KeyRole = Qt::UserRole, TagRole, ImageRole };
     using PopupHandler = std::function<void(const QString &menuName, const QPoint &globalPos)>;
 
     explicit fmRegulatory(Station &station, QWidget *parent = nullptr);
@@ -34,10 +27,10 @@ public:
     // Builds the tree anew from the controllers' collection.
     void LadujObiekty();
 
-    bool hasNode(const QString &key) const;
+    bool hasNode(const QString &key) const { return m_tree->hasNode(key); }
     // The image's position in the tree's image list, 1 to 6.
-    int nodeImage(const QString &key) const;
-    void setNodeImage(const QString &key, int image);
+    int nodeImage(const QString &key) const { return m_tree->nodeImage(key); }
+    void setNodeImage(const QString &key, int image) { m_tree->setNodeImage(key, image); }
     // Colours as 32-bit values, red in the low byte: 255 red, 0 black.
     std::uint32_t nodeForeColor(const QString &key) const;
     void setNodeForeColor(const QString &key, std::uint32_t colour);
@@ -49,26 +42,15 @@ public:
     void setPopupHandler(PopupHandler handler) { m_popup = std::move(handler); }
 
 protected:
-    bool eventFilter(QObject *watched, QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
 
 private:
-    QTreeWidgetItem *addNode(QTreeWidgetItem *parent, const QString &key, const QString &text, int image,
-                             const QString &tag);
-    QTreeWidgetItem *node(const QString &key) const;
-    QTreeWidgetItem *nodeAt(const QPoint &pos) const;
-    void mouseDown(const QMouseEvent &event);
-    void mouseUp(const QMouseEvent &event);
-    void nodeClick(QTreeWidgetItem *item, const QPoint &globalPos);
+    void nodeClick(QTreeWidgetItem *item, bool rightButton, const QPoint &globalPos);
     QString clickNode(QTreeWidgetItem *item);
     void selectController(const QString &kod);
     void selectStage(const QTreeWidgetItem *stage);
 
     Station &m_station;
-    ImageList m_images; // root, controller, group, blocked controller, stage on, stage off
-    QTreeWidget *m_tree;
-    QHash<QString, QTreeWidgetItem *> m_nodes;
-    bool m_rightButton = false; // the last mouse-down was with the right button
-    QString m_pressedKey;       // the node under the last mouse-down, until its click
+    KeyedTree *m_tree; // images: root, controller, group, blocked controller, stage on, stage off
     PopupHandler m_popup;
 };

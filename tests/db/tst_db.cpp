@@ -251,12 +251,44 @@ private slots:
                  controllers);
     }
 
+    void hierarchyIsListedAddedToAndPrunedOnlyWhereItMakesSense()
+    {
+        TestEnv env;
+        const DatabaseConfig config = DatabaseConfig::fromUrl(QStringLiteral("sqlite:") + env.file(QStringLiteral("h.db")));
+        QCOMPARE(admin({"demo", "--db", "DB"}, config).code, 0);
+        struct Step {
+            QStringList args;
+            int code;
+            const char *said; // in the output or, on a refusal, the error
+        };
+        const QList<Step> steps{
+            {{"hierarchy", "add", "--element", "Oczyszczalnia", "--nad", "Zakład"}, 0, "Dodano element Oczyszczalnia"},
+            {{"hierarchy", "add", "--element", "Oczyszczalnia"}, 1, "już jest w strukturze"},
+            {{"hierarchy", "add", "--element", "System Zorbel"}, 1, "korzeniem"},
+            {{"hierarchy", "add", "--element", "NOWY", "--typ", "R"}, 1, "brak regulatora o kodzie NOWY"},
+            {{"hierarchy", "remove", "--element", "Zakład"}, 1, "zawiera inne elementy"},
+            {{"hierarchy", "remove", "--element", "Nieznany"}, 1, "brak elementu Nieznany"},
+            {{"hierarchy", "remove", "--element", "Oczyszczalnia"}, 0, "Usunięto element Oczyszczalnia"},
+            {{"hierarchy", "list"}, 0, "System Zorbel\n  Zakład\n    Hala produkcyjna A\n      HALA-A  [regulator]\n"},
+        };
+        for (const Step &step : steps) {
+            const Run r = admin(step.args + QStringList{"--db", "DB"}, config);
+            QVERIFY2(r.code == step.code && (step.code ? r.err : r.out).contains(QString::fromUtf8(step.said)),
+                     qPrintable(step.args.join(QLatin1Char(' ')) + QLatin1String(": ") + r.out + r.err));
+        }
+        QVERIFY(!admin({"hierarchy", "list", "--db", "DB"}, config).out.contains(QStringLiteral("Oczyszczalnia")));
+    }
+
     void badArgumentsExitTwoAndTouchNothing()
     {
         TestEnv env;
         for (const QStringList &args : QList<QStringList>{{}, {"wipe"}, {"demo", "--days", "many"}, {"demo", "--days", "-3"},
                                                           {"init", "--days", "3"}, {"init", "--db"},
-                                                          {"init", "--db", "oracle://x"}}) {
+                                                          {"init", "--db", "oracle://x"}, {"init", "extra"},
+                                                          {"hierarchy"}, {"hierarchy", "move"}, {"hierarchy", "add"},
+                                                          {"hierarchy", "add", "--element", "X", "--typ", "Q"},
+                                                          {"hierarchy", "remove", "--element", "X", "--nad", "Y"},
+                                                          {"demo", "--element", "X"}}) {
             const Run r = admin(args);
             QVERIFY2(r.code == 2 && !r.err.isEmpty(), qPrintable(args.join(QLatin1Char(' '))));
         }

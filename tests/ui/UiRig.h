@@ -57,12 +57,13 @@ struct UiRig {
         return names;
     }
     QString prompt(int i) const { return f.dialogs.calls.value(i).prompt; }
-    // A real click on the picture and text of the tree's node of that key.
-    void click(const char *key, Qt::MouseButton button = Qt::LeftButton)
+    // A real click on the picture and text of the node of that key, in the
+    // controller tree or the one given.
+    void click(const char *key, Qt::MouseButton button = Qt::LeftButton, KeyedTree *in = nullptr)
     {
-        auto *view = tree->findChild<QTreeWidget *>();
+        KeyedTree *view = in ? in : tree->findChild<KeyedTree *>();
         QTreeWidgetItemIterator it(view);
-        while (*it && (*it)->data(0, fmRegulatory::KeyRole).toString() != QLatin1String(key))
+        while (*it && KeyedTree::keyOf(*it) != QString::fromUtf8(key))
             ++it;
         view->scrollToItem(*it);
         QTest::mouseClick(view->viewport(), button, {}, view->visualItemRect(*it).center());

@@ -22,6 +22,8 @@ int AdminTool::run(const QStringList &arguments)
             return upgrade(o);
         if (o.command == QLatin1String("alarms"))
             return o.alarms.run(o.config, m_out);
+        if (o.command == QLatin1String("hierarchy"))
+            return o.hierarchy.run(o.config, m_out, m_err);
         return demo(o);
     } catch (const RunTimeError &e) {
         m_err << "zorbel-admin: " << e.description() << Qt::endl;
@@ -40,7 +42,11 @@ Polecenia:
   upgrade  przenosi schemat starszej bazy do wersji tego programu
            (w jednej transakcji; dane zostają)
   alarms   zapisuje alarmy regulatora z podanych dni w pliku CSV albo PDF, np.
-           alarms --kod R05 --from 2026-11-01 --to 2026-11-30 --pdf alarmy.pdf)";
+           alarms --kod R05 --from 2026-11-01 --to 2026-11-30 --pdf alarmy.pdf
+  hierarchy list|add|remove
+           drzewo obiektów instalacji: wypisuje je, dodaje element albo usuwa
+           element bez elementów podrzędnych, np.
+           hierarchy add --element "Hala A" --nad Zakład --typ S)";
 
 }
 
@@ -61,18 +67,20 @@ std::optional<int> AdminTool::parse(const QStringList &arguments, Options &o)
     for (const QCommandLineOption &option : {db, force, days, seed})
         line.addOption(option);
     o.alarms.addOptions(line);
-    line.setArguments(QStringLiteral("init|demo|upgrade|alarms"), 1);
+    o.hierarchy.addOptions(line);
+    line.setArguments(QStringLiteral("init|demo|upgrade|alarms|hierarchy [add|remove|list]"), 2);
     if (line.parse(arguments) != CommandLine::Outcome::Run)
         return line.answer(m_out, m_err);
 
     o.command = line.positionalArguments().value(0);
     const QStringList commands{QStringLiteral("init"), QStringLiteral("demo"), QStringLiteral("upgrade"),
-                               QStringLiteral("alarms")};
+                               QStringLiteral("alarms"), QStringLiteral("hierarchy")};
     if (o.command.isEmpty())
-        line.refuse(QStringLiteral("brak polecenia: init, demo, upgrade albo alarms"));
+        line.refuse(QStringLiteral("brak polecenia: init, demo, upgrade, alarms albo hierarchy"));
     else if (!commands.contains(o.command))
-        line.refuse(QStringLiteral("nieznane polecenie: %1 (dozwolone: init, demo, upgrade, alarms)").arg(o.command));
+        line.refuse(QStringLiteral("nieznane polecenie: %1 (dozwolone: init, demo, upgrade, alarms, hierarchy)").arg(o.command));
     o.alarms.read(line, o.command == QLatin1String("alarms"));
+    o.hierarchy.read(line, o.command == QLatin1String("hierarchy"));
     o.force = line.isSet(force);
     if (line.isSet(days)) {
         bool ok = false;

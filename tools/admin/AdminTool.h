@@ -1,6 +1,7 @@
 #pragma once
 
 #include "AlarmExport.h"
+#include "HierarchyCommand.h"
 #include "db/DatabaseConfig.h"
 
 #include <QString>
@@ -25,6 +26,7 @@ private:
         int days = 0;
         unsigned seed = 1;
         AlarmExport alarms;
+        HierarchyCommand hierarchy;
     };
 
     // Reads the command line into `o`; an exit code when the tool is not

@@ -77,16 +77,22 @@ const std::vector<DemoInstallation::Element> &DemoInstallation::tree()
 {
     static const std::vector<Element> list = {
         {"Zakład", "System Zorbel", "S"},
-        {"Rozdzielnia SN", "Zakład", "S"},
-        {"GPZ-T1", "Rozdzielnia SN", "R"},
-        {"GPZ-T2", "Rozdzielnia SN", "R"},
-        {"Hale produkcyjne", "Zakład", "S"},
-        {"HALA-A", "Hale produkcyjne", "R"},
-        {"HALA-B", "Hale produkcyjne", "R"},
-        {"SPREZARKI", "Hale produkcyjne", "R"},
-        // tree keys compare case-blind: the hall must not be called "Magazyn"
-        {"Magazyny", "Zakład", "S"},
-        {"MAGAZYN", "Magazyny", "R"},
+        // the medium-voltage switchgear and its two transformer feeders
+        {"Rozdzielnia SN 15 kV", "Zakład", "S"},
+        {"Pole 4 - transformator T1", "Rozdzielnia SN 15 kV", "S"},
+        {"GPZ-T1", "Pole 4 - transformator T1", "R"},
+        {"Pole 7 - transformator T2", "Rozdzielnia SN 15 kV", "S"},
+        {"GPZ-T2", "Pole 7 - transformator T2", "R"},
+        // the two production halls and the compressor house on the low-voltage side
+        {"Hala produkcyjna A", "Zakład", "S"},
+        {"HALA-A", "Hala produkcyjna A", "R"},
+        {"Hala produkcyjna B", "Zakład", "S"},
+        {"HALA-B", "Hala produkcyjna B", "R"},
+        {"Sprężarkownia", "Zakład", "S"},
+        {"SPREZARKI", "Sprężarkownia", "R"},
+        // tree keys compare exactly, but a hall must not share a controller's name
+        {"Magazyn wyrobów gotowych", "Zakład", "S"},
+        {"MAGAZYN", "Magazyn wyrobów gotowych", "R"},
     };
     return list;
 }
