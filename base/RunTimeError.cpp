@@ -50,6 +50,10 @@ RunTimeError RunTimeError::objectNotSet()
 {
     return {ObjectNotSet, QStringLiteral("Nie ustawiono zmiennej obiektowej lub zmiennej bloku With")};
 }
+RunTimeError RunTimeError::invalidPropertyArrayIndex()
+{
+    return {InvalidPropertyArrayIndex, QStringLiteral("Nieprawidłowy indeks tablicy właściwości")};
+}
 RunTimeError RunTimeError::cycle()
 {
     return {Cycle, QStringLiteral("Ta operacja wprowadziłaby cykl")};

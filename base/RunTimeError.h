@@ -18,6 +18,7 @@ public:
         ObjectNotSet = 91,
         FileAccess = 75,
         InvalidUseOfNull = 94,
+        InvalidPropertyArrayIndex = 381,
         DuplicateKey = 457,
         DatabaseError = 3000,
         NoCurrentRecord = 3021,
@@ -57,6 +58,8 @@ public:
     static RunTimeError cycle();
     // An object asked for where there is none (no node selected).
     static RunTimeError objectNotSet();
+    // A list's entry asked for where none is chosen.
+    static RunTimeError invalidPropertyArrayIndex();
 
 private:
     int m_number;

@@ -30,6 +30,12 @@ public:
         return {QStringLiteral("PRAGMA journal_mode=WAL"), QStringLiteral("PRAGMA synchronous=FULL"),
                 QStringLiteral("PRAGMA foreign_keys=OFF"), QStringLiteral("PRAGMA case_sensitive_like=OFF")};
     }
+    // dates are kept as "yyyy-MM-dd HH:mm:ss": cut, not parsed
+    QString dayFirstText(const QString &c) const override
+    {
+        return QStringLiteral("(substr(%1,9,2)||'/'||substr(%1,6,2)||'/'||substr(%1,3,2))").arg(c);
+    }
+    QString doubleSum(const QString &c) const override { return QStringLiteral("SUM(%1)").arg(c); }
 };
 
 class PostgreSQLDialect final : public SqlDialect {
@@ -61,6 +67,12 @@ public:
     {
         return {QStringLiteral("SET client_min_messages TO WARNING"), QStringLiteral("SET DateStyle TO ISO, YMD")};
     }
+    // ordered by the text's characters, not by a language's rules
+    QString dayFirstText(const QString &c) const override
+    {
+        return QStringLiteral("(to_char(%1, 'DD/MM/YY') COLLATE \"C\")").arg(c);
+    }
+    QString doubleSum(const QString &c) const override { return QStringLiteral("SUM(CAST(%1 AS double precision))").arg(c); }
 };
 
 }

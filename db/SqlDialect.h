@@ -29,6 +29,11 @@ public:
     // Statements that set a fresh connection up.
     virtual QStringList sessionSetup() const = 0;
 
+    // A date column as day-first text "dd/mm/yy", ordered as that text.
+    virtual QString dayFirstText(const QString &column) const = 0;
+    // SUM of a column in double precision.
+    virtual QString doubleSum(const QString &column) const = 0;
+
     // Dates travel as "yyyy-MM-dd HH:mm:ss" text: both engines compare and
     // format that form correctly, and no time zone can shift it.
     QVariant dateValue(ZDate d) const { return d.toIsoText(); }

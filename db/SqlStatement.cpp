@@ -20,6 +20,18 @@ SqlStatement &SqlStatement::date(ZDate d)
     return *this;
 }
 
+SqlStatement &SqlStatement::dayFirstText(const QString &column)
+{
+    m_pieces.push_back({Piece::DayFirstText, column, {}, {}});
+    return *this;
+}
+
+SqlStatement &SqlStatement::sum(const QString &column)
+{
+    m_pieces.push_back({Piece::Sum, column, {}, {}});
+    return *this;
+}
+
 QString SqlStatement::render(const SqlDialect &dialect, QVariantList *binds) const
 {
     QString sql;
@@ -35,6 +47,12 @@ QString SqlStatement::render(const SqlDialect &dialect, QVariantList *binds) con
         case Piece::Date:
             sql += QLatin1Char('?');
             binds->append(dialect.dateValue(p.date));
+            break;
+        case Piece::DayFirstText:
+            sql += dialect.dayFirstText(p.text);
+            break;
+        case Piece::Sum:
+            sql += dialect.doubleSum(p.text);
             break;
         }
     }

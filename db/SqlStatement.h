@@ -21,13 +21,17 @@ public:
     SqlStatement &operator<<(const char *text) { return *this << QString::fromUtf8(text); }
     SqlStatement &value(const QVariant &v);
     SqlStatement &date(ZDate d);
+    // A date column as day-first text "dd/mm/yy", in the engine's own words.
+    SqlStatement &dayFirstText(const QString &column);
+    // The sum of a column, in double precision whatever the column holds.
+    SqlStatement &sum(const QString &column);
 
     // The text for the engine, with '?' in place of each value, and the values in order.
     QString render(const SqlDialect &dialect, QVariantList *binds) const;
 
 private:
     struct Piece {
-        enum Kind { Text, Value, Date } kind;
+        enum Kind { Text, Value, Date, DayFirstText, Sum } kind;
         QString text;
         QVariant value;
         ZDate date;

@@ -17,6 +17,8 @@ class fmpanel;
 class frmDane;
 class fmAlarmyArch;
 class fmStruktura;
+class fmWykresy1;
+class fmWykresy2;
 class StatusPanels;
 
 // The frame of the station: menu, toolbar, status bar and the area in which
@@ -78,6 +80,9 @@ private:
     void openData();
     // The alarm archive, shown; created and loaded the first time.
     fmAlarmyArch *openArchive();
+    // A chart window, shown; created and loaded the first time.
+    template <class Chart>
+    Chart *openChart(QPointer<Chart> &window);
     // The object tree, built the first time it is shown.
     void openStructure();
     // Adds an element under the current one of the object tree.
@@ -101,5 +106,7 @@ private:
     QPointer<frmDane> m_data;
     QPointer<fmAlarmyArch> m_archive;
     QPointer<fmStruktura> m_structure;
+    QPointer<fmWykresy1> m_dailyChart;
+    QPointer<fmWykresy2> m_periodChart;
     bool m_closing = false;
 };

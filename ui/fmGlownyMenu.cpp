@@ -8,6 +8,8 @@
 #include "frmDane.h"
 #include "fmAlarmyArch.h"
 #include "fmStruktura.h"
+#include "fmWykresy1.h"
+#include "fmWykresy2.h"
 #include "frmElStrukt.h"
 #include "frmSplash.h"
 
@@ -73,8 +75,7 @@ void fmGlowny::buildMenus()
     addEntry(regul, "mnunic2", "-", {});
     addEntry(regul, "mnuRegRapDob", "&Raport z akt. doby",
              [this] { showWindow(QStringLiteral("RaportDobowyRegulatora"), QStringLiteral("Raport dobowy")); });
-    addEntry(regul, "mnyRegWykrDob", "&Wykres z akt. doby",
-             [this] { showWindow(QStringLiteral("fmWykresy1"), QStringLiteral("Wykres dobowy")); });
+    addEntry(regul, "mnyRegWykrDob", "&Wykres z akt. doby", [this] { openChart(m_dailyChart)->btnWykreslClick(); });
     addEntry(regul, "mnuRegulAlarmy", "&Alarmy z doby", [this] { openArchive()->WczytajAlarmy(); });
     addEntry(regul, "mnunic4", "-", {});
     addEntry(regul, "mnuRegulZablok", "&Zablokuj regulator", [this] {
@@ -93,10 +94,8 @@ void fmGlowny::buildMenus()
     addEntry(raporty, "mnuRapOkresowy", "Raport &okresowy", [this] { WyswRaportOkresowy(); });
 
     QMenu *wykresy = addMenu(bar, "mnuWykresy", "&Wykresy");
-    addEntry(wykresy, "mnuWykresDob", "Wykres &dobowy",
-             [this] { showWindow(QStringLiteral("fmWykresy1"), QStringLiteral("Wykres dobowy")); });
-    addEntry(wykresy, "mnuWykresMies", "Wykres &okresowy",
-             [this] { showWindow(QStringLiteral("fmWykresy2"), QStringLiteral("Wykres okresowy")); });
+    addEntry(wykresy, "mnuWykresDob", "Wykres &dobowy", [this] { openChart(m_dailyChart); });
+    addEntry(wykresy, "mnuWykresMies", "Wykres &okresowy", [this] { openChart(m_periodChart); });
 
     QMenu *ster = addMenu(bar, "mnuSter", "&Sterowanie");
     addEntry(ster, "mnuSterWlacz", "Włącz tryb &sterowania",
@@ -166,7 +165,7 @@ void fmGlowny::ToolbarAction(const QString &Key, bool Value)
     else if (Key == QLatin1String("RapDob"))
         WyswRaportDobowy();
     else if (Key == QLatin1String("Wykresy"))
-        showWindow(QStringLiteral("fmWykresy1"), QStringLiteral("Wykres dobowy"));
+        openChart(m_dailyChart);
 }
 
 void fmGlowny::WyswRaportDobowy()
@@ -239,6 +238,18 @@ fmAlarmyArch *fmGlowny::openArchive()
     }
     showChild(m_archive);
     return m_archive;
+}
+
+template <class Chart>
+Chart *fmGlowny::openChart(QPointer<Chart> &window)
+{
+    if (!window) {
+        auto created = std::make_unique<Chart>(m_station);
+        created->load();
+        window = created.release();
+    }
+    showChild(window);
+    return window;
 }
 
 void fmGlowny::openStructure()

@@ -120,13 +120,20 @@ private slots:
         const Run r = admin({"alarms", "--kod", "R05", "--from", "2026-11-01", "--to", "2026-11-30", "--pdf", file});
         QVERIFY2(r.code == 0, qPrintable(r.err));
         QCOMPARE(r.out, QStringLiteral("Zapisano 80 alarmów regulatora R05 do %1\n").arg(file));
-        QProcess p;
-        p.start(pdftotext, {QStringLiteral("-layout"), file, QStringLiteral("-")});
-        QVERIFY(p.waitForFinished(30000) && p.exitCode() == 0);
-        const QString text = QString::fromUtf8(p.readAllStandardOutput());
+        const auto textOf = [&pdftotext](const QString &pdf) {
+            QProcess p;
+            p.start(pdftotext, {QStringLiteral("-layout"), pdf, QStringLiteral("-")});
+            return p.waitForFinished(30000) && p.exitCode() == 0 ? QString::fromUtf8(p.readAllStandardOutput()) : QString();
+        };
+        const QString text = textOf(file);
         for (const char *expected : {"Alarmy regulatora 'R05' od 01/11/2026 do 30/11/2026", "Przekroczenie napięcia",
                                      "30/11/26 00:30:29", "strona 1/2", "strona 2/2"})
             QVERIFY2(text.contains(QString::fromUtf8(expected)), expected);
+        // a day without alarms is one page with its header and captions
+        const QString empty = env.file("pusty.pdf");
+        QCOMPARE(admin({"alarms", "--kod", "R05", "--from", "2026-12-01", "--to", "2026-12-01", "--pdf", empty}).code, 0);
+        const QString emptyText = textOf(empty);
+        QVERIFY(emptyText.contains(QStringLiteral("Data potwierdzenia")) && emptyText.contains(QStringLiteral("strona 1/1")));
     }
 
     void badCommandLinesAndUnwritableFilesLeaveNoFile_data()
