@@ -2,6 +2,7 @@
 
 #include "base/RunTimeError.h"
 #include "db/Database.h"
+#include "db/FindCriterion.h"
 
 #include <QSqlQuery>
 
@@ -93,34 +94,14 @@ void RowSet::MoveNext()
 void RowSet::Find(const QString &criterion)
 {
     ensureLoaded();
-    const int eq = criterion.indexOf(QLatin1Char('='));
-    if (eq <= 0)
-        throw RunTimeError::database(QStringLiteral("Niepoprawne kryterium wyszukiwania \"%1\"").arg(criterion));
-    const QString column = criterion.left(eq).trimmed();
-    const QString wanted = criterion.mid(eq + 1).trimmed();
-    if (!m_rows.empty() && m_layout.indexOf(column) < 0)
-        throw RunTimeError::database(QStringLiteral("Brak kolumny %1 w %2").arg(column, m_source));
+    const FindCriterion wanted(criterion);
+    if (!m_rows.empty() && m_layout.indexOf(wanted.column()) < 0)
+        throw RunTimeError::database(QStringLiteral("Brak kolumny %1 w %2").arg(wanted.column(), m_source));
     if (m_pos < 0)
         m_pos = 0;
     for (; m_pos < int(m_rows.size()); ++m_pos)
-        if (matches(m_rows[std::size_t(m_pos)].value(column), wanted))
+        if (wanted.matches(m_rows[std::size_t(m_pos)].value(wanted.column())))
             return;
-}
-
-bool RowSet::matches(const QVariant &value, const QString &wanted)
-{
-    if (value.isNull())
-        return false;
-    bool wantedIsNumber = false;
-    const double w = wanted.toDouble(&wantedIsNumber);
-    bool valueIsNumber = false;
-    const double v = value.toDouble(&valueIsNumber);
-    if (wantedIsNumber && valueIsNumber)
-        return v == w;
-    QString text = wanted;
-    if (text.size() >= 2 && text.startsWith(QLatin1Char('\'')) && text.endsWith(QLatin1Char('\'')))
-        text = text.mid(1, text.size() - 2);
-    return value.toString() == text;
 }
 
 QVariant RowSet::field(const QString &column) const

@@ -50,7 +50,6 @@ public:
 
 private:
     void ensureLoaded();
-    static bool matches(const QVariant &value, const QString &wanted);
 
     Database &m_db;
     SqlStatement m_query;

@@ -6,6 +6,8 @@
 #include "db/RowSet.h"
 #include "model/colRegulatory.h"
 
+#include <optional>
+
 namespace {
 
 // A threshold that is NULL lies beyond every reading.
@@ -21,15 +23,24 @@ float voltageScale(std::int16_t napieciePomiar)
     }
 }
 
+// The row as the operator finds it in the editor: its code and, once read,
+// its address (a code may be blank or repeated).
+QString rowOf(const QString &kod, std::optional<std::int16_t> adres = std::nullopt)
+{
+    QString who = kod.isNull() ? QString() : QStringLiteral(", Kod \"%1\"").arg(kod);
+    if (adres)
+        who += QStringLiteral(", Adres %1").arg(*adres);
+    return who;
+}
+
 // Runs one conversion and puts the place of a failure in front of its message.
 template <typename F>
-decltype(auto) at(const QString &table, const QString &column, const QString &kod, F &&convert)
+decltype(auto) at(const QString &table, const QString &column, const QString &row, F &&convert)
 {
     try {
         return convert();
     } catch (const RunTimeError &e) {
-        const QString who = kod.isNull() ? QString() : QStringLiteral(", Kod \"%1\"").arg(kod);
-        throw e.within(QStringLiteral("tabela %1, kolumna %2%3").arg(table, column, who));
+        throw e.within(QStringLiteral("tabela %1, kolumna %2%3").arg(table, column, row));
     }
 }
 
@@ -40,9 +51,9 @@ clRegulator &ControllerLoader::load(std::int16_t id)
     const QString table = QStringLiteral("Regulatory");
     const QString kod = at(table, QStringLiteral("Kod"), QString(),
                            [&] { return conv::toText(m_rows.field(QStringLiteral("Kod"))).trimmed(); });
-    const std::int16_t adres = at(table, QStringLiteral("Adres"), kod,
+    const std::int16_t adres = at(table, QStringLiteral("Adres"), rowOf(kod),
                                   [&] { return conv::toInt16(m_rows.field(QStringLiteral("Adres"))); });
-    clRegulator &r = at(table, QStringLiteral("Kod"), kod, [&]() -> clRegulator & {
+    clRegulator &r = at(table, QStringLiteral("Kod"), rowOf(kod, adres), [&]() -> clRegulator & {
         return m_controllers.Add(adres, kod, kod);
     });
     seedFromLastSample(r);
@@ -60,16 +71,17 @@ void ControllerLoader::seedFromLastSample(clRegulator &r)
     if (m_last.EOF_())
         return;
     const QString table = QStringLiteral("OstPomiar");
+    const QString row = rowOf(r.Kod, r.adres);
     auto single = [&](const char *column) {
         const QString c = QString::fromLatin1(column);
-        return at(table, c, r.Kod, [&] { return conv::toSingle(m_last.field(c)); });
+        return at(table, c, row, [&] { return conv::toSingle(m_last.field(c)); });
     };
     r.PopPradBiernPojSr = single("PopPradBiernPojSr");
     r.PopPradBiernSr = single("PopPradBiernSr");
     r.PopPradCzynny = single("PopPradCzynny");
-    r.popTimerU = at(table, QStringLiteral("PopTimerU"), r.Kod,
+    r.popTimerU = at(table, QStringLiteral("PopTimerU"), row,
                      [&] { return conv::toInt32(m_last.field(QStringLiteral("PopTimerU"))); });
-    r.OstatniOdczyt = at(table, QStringLiteral("Czas"), r.Kod, [&] {
+    r.OstatniOdczyt = at(table, QStringLiteral("Czas"), row, [&] {
         const QVariant v = m_last.field(QStringLiteral("Czas"));
         if (v.isNull())
             throw RunTimeError::invalidUseOfNull();
@@ -84,12 +96,14 @@ void ControllerLoader::seedFromLastSample(clRegulator &r)
 void ControllerLoader::readConfiguration(clRegulator &r)
 {
     const QString table = QStringLiteral("Regulatory");
+    const QString row = rowOf(r.Kod, r.adres);
     auto field = [&](const char *column) { return m_rows.field(QString::fromLatin1(column)); };
     auto int16 = [&](const char *column) {
-        return at(table, QString::fromLatin1(column), r.Kod, [&] { return conv::toInt16(field(column)); });
+        return at(table, QString::fromLatin1(column), row, [&] { return conv::toInt16(field(column)); });
     };
     auto single = [&](const char *column) {
-        return at(table, QString::fromLatin1(column), r.Kod, [&] { return conv::toSingle(field(column)); });
+        // a NULL here (a filter bound left empty in the editor) stops the start, naming row and column
+        return at(table, QString::fromLatin1(column), row, [&] { return conv::toSingle(field(column)); });
     };
     auto threshold = [&](const char *column) {
         return field(column).isNull() ? NoThreshold : single(column);
@@ -120,7 +134,7 @@ void ControllerLoader::readConfiguration(clRegulator &r)
     r.PradCalkMax = single("PradCalkMax");
     r.CzestotliwoscMin = single("CzestotliwoscMin");
     r.CzestotliwoscMax = single("CzestotliwoscMax");
-    r.setAktywny(at(table, QStringLiteral("aktywny"), r.Kod,
+    r.setAktywny(at(table, QStringLiteral("aktywny"), row,
                     [&] { return conv::toText(field("aktywny")) == QLatin1String("Tak"); }));
     r.awarCzest = int16("awarCzest");
     r.SkalaNapiecia = voltageScale(r.NapieciePomiar);

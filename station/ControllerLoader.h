@@ -8,7 +8,7 @@ class colRegulatory;
 
 // Builds one controller from the current row of the controllers' set and the
 // counters of its last sample, converting every column as the object holds
-// it. A failure names the table, the column and the controller's Kod.
+// it. A failure names the table, the column and the row (its Kod and Adres).
 class ControllerLoader {
 public:
     ControllerLoader(RowSet &regulatory, RowSet &lastSamples, colRegulatory &controllers)

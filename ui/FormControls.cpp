@@ -1,7 +1,11 @@
 #include "FormControls.h"
 
+#include "base/Dialogs.h"
+#include "base/RunTimeError.h"
+
 #include <QLabel>
 #include <QLineEdit>
+#include <QMdiSubWindow>
 #include <QPushButton>
 
 namespace form {
@@ -35,6 +39,23 @@ void previewKeys(QWidget *form)
     form->installEventFilter(form);
     for (QWidget *child : form->findChildren<QWidget *>())
         child->installEventFilter(form);
+}
+
+void guarded(Dialogs &dialogs, const std::function<void()> &command)
+{
+    try {
+        command();
+    } catch (const RunTimeError &e) {
+        dialogs.MsgBox(e.message(), Dialogs::Critical);
+    }
+}
+
+void unload(QWidget *window)
+{
+    if (auto *sub = qobject_cast<QMdiSubWindow *>(window->parentWidget()))
+        sub->close();
+    else
+        window->close();
 }
 
 }

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QString>
+#include <functional>
 
+class Dialogs;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -18,5 +20,11 @@ QLineEdit *passwordBox(QWidget *parent, const char *name);
 // Lets the form see every key pressed in it before its controls do, as
 // its event filter: the form's own keys must not be taken by a control.
 void previewKeys(QWidget *form);
+
+// Runs an operator's command; a run-time error ends it with its message.
+void guarded(Dialogs &dialogs, const std::function<void()> &command);
+
+// Closes a window, with the frame around it when it is a child of the main window.
+void unload(QWidget *window);
 
 }

@@ -4,7 +4,6 @@
 #include "Twips.h"
 
 #include "base/Dialogs.h"
-#include "base/RunTimeError.h"
 #include "db/AlarmArchive.h"
 #include "db/RowSet.h"
 #include "reports/AlarmCsv.h"
@@ -172,11 +171,7 @@ void fmAlarmyArch::closeEvent(QCloseEvent *event)
 
 void fmAlarmyArch::guarded(const std::function<void()> &command)
 {
-    try {
-        command();
-    } catch (const RunTimeError &e) {
-        m_station.services.dialogs.MsgBox(e.message(), Dialogs::Critical);
-    }
+    form::guarded(m_station.services.dialogs, command);
 }
 
 void fmAlarmyArch::print()

@@ -1,5 +1,6 @@
 #include "fmGlowny.h"
 
+#include "FormControls.h"
 #include "MainStatusBar.h"
 #include "MainToolbar.h"
 #include "NotYetWindow.h"
@@ -7,7 +8,6 @@
 #include "frmOptions.h"
 
 #include "base/Dialogs.h"
-#include "base/RunTimeError.h"
 #include "station/Station.h"
 #include "model/StatusPanels.h"
 
@@ -112,19 +112,12 @@ void fmGlowny::unloadWindow(const QString &name)
 
 void fmGlowny::closeChild(QWidget *window)
 {
-    if (auto *sub = qobject_cast<QMdiSubWindow *>(window->parentWidget()))
-        sub->close();
-    else
-        window->close();
+    form::unload(window);
 }
 
 void fmGlowny::guarded(const std::function<void()> &command)
 {
-    try {
-        command();
-    } catch (const RunTimeError &e) {
-        m_station.services.dialogs.MsgBox(e.message(), Dialogs::Critical);
-    }
+    form::guarded(m_station.services.dialogs, command);
 }
 
 void fmGlowny::closeEvent(QCloseEvent *event)

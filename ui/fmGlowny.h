@@ -15,6 +15,7 @@ class QMenu;
 class Station;
 class fmpanel;
 class frmDane;
+class frmRegulatory;
 class fmAlarmyArch;
 class fmStruktura;
 class fmWykresy1;
@@ -78,6 +79,8 @@ private:
     void openPanel();
     void closePanel();
     void openData();
+    // The controller editor, shown; opened anew once the last one was closed.
+    frmRegulatory *openEditor();
     // The alarm archive, shown; created and loaded the first time.
     fmAlarmyArch *openArchive();
     // A chart window, shown; created and loaded the first time.
@@ -108,5 +111,6 @@ private:
     QPointer<fmStruktura> m_structure;
     QPointer<fmWykresy1> m_dailyChart;
     QPointer<fmWykresy2> m_periodChart;
+    QPointer<frmRegulatory> m_editor;
     bool m_closing = false;
 };

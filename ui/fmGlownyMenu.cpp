@@ -6,6 +6,7 @@
 #include "frmOptions.h"
 #include "fmpanel.h"
 #include "frmDane.h"
+#include "frmRegulatory.h"
 #include "fmAlarmyArch.h"
 #include "fmStruktura.h"
 #include "fmWykresy1.h"
@@ -57,8 +58,7 @@ void fmGlowny::buildMenus()
 
     QMenu *baza = addMenu(bar, "mnuBaza", "&Baza danych");
     baza->menuAction()->setVisible(false); // the pop-up of the controller tree's root
-    addEntry(baza, "mnuBDNowyRegul", "&Nowy regulator",
-             [this] { showWindow(QStringLiteral("frmRegulatory"), QStringLiteral("Regulator")); });
+    addEntry(baza, "mnuBDNowyRegul", "&Nowy regulator", [this] { openEditor()->NowyRekord(); });
 
     QMenu *regul = addMenu(bar, "popmnuRegul", "&Regulator");
     addEntry(regul, "mnuRegulPanel", "wyświetl panel", [this] { PokazPanel(entry(QStringLiteral("mnuRegulPanel"))->isChecked()); });
@@ -83,8 +83,10 @@ void fmGlowny::buildMenus()
         m_station.Kolejka.Add(m_station.oApp.NrAktRegulatora, QueueOp::Block, true, 0, QString());
     });
     addEntry(regul, "mnunic", "-", {});
-    addEntry(regul, "mnuRegulEdytuj", "edytuj",
-             [this] { showWindow(QStringLiteral("frmRegulatory"), QStringLiteral("Regulator")); });
+    addEntry(regul, "mnuRegulEdytuj", "edytuj", [this] {
+        frmRegulatory *editor = openEditor();
+        editor->EdytujRekord(m_station.Regulatory.Item(m_station.oApp.NrAktRegulatora).adres);
+    });
     addEntry(regul, "mnuRegulUsun", "usuń", [this] { m_station.deleteSelectedController(); });
     for (const char *name : {"mnuRegulBatZal", "mnuRegulBatTestuj", "mnuRegulZablok"})
         entry(QString::fromLatin1(name))->setEnabled(false);
@@ -227,6 +229,14 @@ void fmGlowny::openData()
         m_data->load();
     }
     showChild(m_data);
+}
+
+frmRegulatory *fmGlowny::openEditor()
+{
+    if (!m_editor || m_editor->unloaded())
+        m_editor = new frmRegulatory(m_station);
+    showChild(m_editor);
+    return m_editor;
 }
 
 fmAlarmyArch *fmGlowny::openArchive()
