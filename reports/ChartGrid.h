@@ -61,6 +61,6 @@ private:
     bool m_legend = false;
     QString m_title;
     std::array<QString, 3> m_axisTitles{};
-    std::array<int, 3> m_grid{1, 1, 1};
+    std::array<int, 3> m_grid{0, 1, 1}; // as designed: lines across Y only
     std::function<void()> m_changed;
 };

@@ -9,11 +9,21 @@
 #include <QToolTip>
 #include <QValueAxis>
 #include <cmath>
+#include <optional>
 
 namespace {
 
 const QColor Colours[] = {QColor(0, 90, 200), QColor(220, 60, 30), QColor(30, 150, 60)};
-constexpr int LabelWidth = 48; // pixels a row label needs beside its neighbour
+// The range of the values drawn, or none.
+std::optional<std::pair<double, double>> valueRange(const ChartGrid &g)
+{
+    std::optional<std::pair<double, double>> range;
+    for (int row = 1; row <= g.rowCount(); ++row)
+        for (int column = 1; column <= g.columnCount(); ++column)
+            if (const std::optional<double> v = g.value(row, column))
+                range = range ? std::pair{std::min(range->first, *v), std::max(range->second, *v)} : std::pair{*v, *v};
+    return range;
+}
 
 }
 
@@ -73,7 +83,10 @@ void ChartView::addAxes()
     x->setTitleText(m_grid.axisTitle(0));
     x->setLabelsPosition(QCategoryAxis::AxisLabelsPositionOnValue);
     const int rows = m_grid.rowCount();
-    const int room = std::max(1, int(chart()->plotArea().width()) / LabelWidth);
+    int labelWidth = 0; // what the longest label needs beside its neighbour
+    for (int row = 1; row <= rows; ++row)
+        labelWidth = std::max(labelWidth, QFontMetrics(x->labelsFont()).horizontalAdvance(m_grid.rowLabel(row)) + 16);
+    const int room = std::max(1, int(chart()->plotArea().width()) / std::max(1, labelWidth));
     const int step = std::max(1, int(std::ceil(double(rows) / room)));
     for (int row = 1; row <= rows; row += step)
         x->append(m_grid.rowLabel(row), row); // a label twice (an hour that repeats in autumn) shows once
@@ -88,8 +101,12 @@ void ChartView::addAxes()
         s->attachAxis(x);
         s->attachAxis(y);
     }
-    if (!chart()->series().isEmpty())
-        y->applyNiceNumbers();
+    // from zero, or from below it, to the largest value
+    const auto range = valueRange(m_grid);
+    const double low = range ? std::min(0.0, range->first) : 0.0;
+    const double high = range ? std::max(range->second, low + 1e-9) : 1.0;
+    y->setRange(low, high);
+    y->applyNiceNumbers();
 }
 
 QList<QLineSeries *> ChartView::seriesOf(int column) const

@@ -9,6 +9,7 @@
 #include "db/RowSet.h"
 #include "station/Station.h"
 
+#include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateTimeEdit>
@@ -36,6 +37,7 @@ ChartWindow::ChartWindow(Station &station, const char *name, const QString &capt
     setWindowTitle(caption);
     m_tools->setObjectName(QStringLiteral("fmTools"));
     m_strip->setContentsMargins(4, 2, 4, 2);
+    m_strip->setSpacing(4);
     placeTools(tips);
     setGeometry(twips::toPixels(1500), twips::toPixels(300), twips::toPixels(Width), twips::toPixels(InnerHeight));
 }
@@ -49,6 +51,7 @@ QDateTimeEdit *ChartWindow::dateEdit(const char *name, const char *tip)
     d->setDisplayFormat(QStringLiteral("dd.MM.yyyy"));
     d->setCalendarPopup(true);
     d->setToolTip(QString::fromUtf8(tip));
+    d->setFixedWidth(d->fontMetrics().horizontalAdvance(QStringLiteral("00.00.0000")) + 34);
     return d;
 }
 
@@ -65,14 +68,17 @@ void ChartWindow::placeTools(const Tips &tips)
     m_controllers = new QComboBox(m_tools);
     m_controllers->setObjectName(QStringLiteral("cmbRegul"));
     m_controllers->setToolTip(QStringLiteral("kod regulatora"));
+    m_controllers->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     m_date = dateEdit("dtData", tips.date);
     m_strip->addWidget(m_controllers);
     m_strip->addWidget(m_date);
     QPushButton *back = stripButton("btnLewo", QStringLiteral("<"), tips.back);
     QPushButton *forward = stripButton("btnPrawo", QStringLiteral(">"), tips.forward);
     m_drawButton = stripButton("btnWykresl", QStringLiteral("Wykreśl"), tips.draw);
-    for (QPushButton *b : {back, forward})
+    for (QPushButton *b : {back, forward}) {
         b->setFixedWidth(twips::toPixels(375));
+        m_strip->addWidget(b);
+    }
     connect(back, &QPushButton::clicked, this, [this] { step(-1); });
     connect(forward, &QPushButton::clicked, this, [this] { step(1); });
     connect(m_drawButton, &QPushButton::clicked, this, [this] { btnWykreslClick(); });
@@ -96,18 +102,21 @@ void ChartWindow::placeExtras()
     m_legend->setObjectName(QStringLiteral("chkLegenda"));
     m_legend->setToolTip(QStringLiteral("wyświetlanie legendy"));
     connect(m_legend, &QCheckBox::clicked, this, [this](bool on) { m_grid.setShowLegend(on); });
-    QPushButton *picture = stripButton("cmdObraz", QStringLiteral("Zapisz obraz…"), nullptr);
-    QPushButton *printing = stripButton("cmdDrukuj", QStringLiteral("Drukuj…"), nullptr);
-    connect(picture, &QPushButton::clicked, this, [this] { savePicture(); });
-    connect(printing, &QPushButton::clicked, this, [this] { print(); });
+    // the picture and the print on the chart's own menu: the strip has no room for them
+    m_view->setContextMenuPolicy(Qt::ActionsContextMenu);
+    auto *picture = new QAction(QStringLiteral("Zapisz obraz…"), m_view);
+    auto *printing = new QAction(QStringLiteral("Drukuj…"), m_view);
+    picture->setObjectName(QStringLiteral("actObraz"));
+    printing->setObjectName(QStringLiteral("actDrukuj"));
+    m_view->addActions({picture, printing});
+    connect(picture, &QAction::triggered, this, [this] { savePicture(); });
+    connect(printing, &QAction::triggered, this, [this] { print(); });
     m_strip->addWidget(m_drawButton);
     m_strip->addWidget(m_quantity);
     m_strip->addWidget(form::label(m_tools, "lblSiatka", QStringLiteral("Siatka:")));
     m_strip->addWidget(m_gridChoice);
     m_strip->addWidget(m_legend);
     m_strip->addStretch();
-    m_strip->addWidget(picture);
-    m_strip->addWidget(printing);
 }
 
 void ChartWindow::load()
