@@ -6,11 +6,6 @@
 
 namespace {
 
-ZDate startOf(QDate day)
-{
-    return ZDate::fromParts(day.year(), day.month(), day.day());
-}
-
 ChartDrawing::Titles titlesOf(ChartQuantity quantity, const QString &kod, QDate day)
 {
     const QString date = day.toString(QStringLiteral("dd/MM/yyyy"));
@@ -28,8 +23,8 @@ SqlStatement DailyChart::query(std::int16_t adres, QDate day)
 {
     SqlStatement q(QStringLiteral("Select Data, EnCzynna, EnBiernaCalk from Pomiary where Adres = "));
     q.value(adres) << " and Data >= ";
-    q.date(startOf(day)) << " and Data < ";
-    q.date(startOf(day.addDays(1))) << " order by Data";
+    q.date(ChartDrawing::startOf(day)) << " and Data < ";
+    q.date(ChartDrawing::startOf(day.addDays(1))) << " order by Data";
     return q;
 }
 

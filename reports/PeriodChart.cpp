@@ -7,11 +7,6 @@
 
 namespace {
 
-ZDate startOf(QDate day)
-{
-    return ZDate::fromParts(day.year(), day.month(), day.day());
-}
-
 ChartDrawing::Titles titlesOf(ChartQuantity quantity, const QString &kod, QDate first, QDate last)
 {
     const QString from = first.toString(QStringLiteral("dd/MM/yyyy"));
@@ -33,8 +28,8 @@ SqlStatement PeriodChart::query(std::int16_t adres, QDate first, QDate last)
     q.sum(QStringLiteral("EnCzynna")) << " as SumEnCzynna, ";
     q.sum(QStringLiteral("EnBiernaCalk")) << " as SumEnBiernaCalk from Pomiary where Adres = ";
     q.value(adres) << " and Data >= ";
-    q.date(startOf(first)) << " and Data < ";
-    q.date(startOf(last.addDays(1))) << " " << " GROUP BY ";
+    q.date(ChartDrawing::startOf(first)) << " and Data < ";
+    q.date(ChartDrawing::startOf(last.addDays(1))) << " " << " GROUP BY ";
     // kept: ordered by the day-first text, not by time
     q.dayFirstText(QStringLiteral("Data")) << " order by ";
     q.dayFirstText(QStringLiteral("Data"));

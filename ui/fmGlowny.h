@@ -81,11 +81,10 @@ private:
     void openData();
     // The controller editor, shown; opened anew once the last one was closed.
     frmRegulatory *openEditor();
-    // The alarm archive, shown; created and loaded the first time.
-    fmAlarmyArch *openArchive();
-    // A chart window, shown; created and loaded the first time.
-    template <class Chart>
-    Chart *openChart(QPointer<Chart> &window);
+    // A window kept while it is open (alarm archive, charts), shown;
+    // created and loaded the first time.
+    template <class Window>
+    Window *openLoaded(QPointer<Window> &window);
     // The object tree, built the first time it is shown.
     void openStructure();
     // Adds an element under the current one of the object tree.

@@ -75,8 +75,8 @@ void fmGlowny::buildMenus()
     addEntry(regul, "mnunic2", "-", {});
     addEntry(regul, "mnuRegRapDob", "&Raport z akt. doby",
              [this] { showWindow(QStringLiteral("RaportDobowyRegulatora"), QStringLiteral("Raport dobowy")); });
-    addEntry(regul, "mnyRegWykrDob", "&Wykres z akt. doby", [this] { openChart(m_dailyChart)->btnWykreslClick(); });
-    addEntry(regul, "mnuRegulAlarmy", "&Alarmy z doby", [this] { openArchive()->WczytajAlarmy(); });
+    addEntry(regul, "mnyRegWykrDob", "&Wykres z akt. doby", [this] { openLoaded(m_dailyChart)->btnWykreslClick(); });
+    addEntry(regul, "mnuRegulAlarmy", "&Alarmy z doby", [this] { openLoaded(m_archive)->WczytajAlarmy(); });
     addEntry(regul, "mnunic4", "-", {});
     addEntry(regul, "mnuRegulZablok", "&Zablokuj regulator", [this] {
         // always a request to block: unblocking is the front panel's button
@@ -96,8 +96,8 @@ void fmGlowny::buildMenus()
     addEntry(raporty, "mnuRapOkresowy", "Raport &okresowy", [this] { WyswRaportOkresowy(); });
 
     QMenu *wykresy = addMenu(bar, "mnuWykresy", "&Wykresy");
-    addEntry(wykresy, "mnuWykresDob", "Wykres &dobowy", [this] { openChart(m_dailyChart); });
-    addEntry(wykresy, "mnuWykresMies", "Wykres &okresowy", [this] { openChart(m_periodChart); });
+    addEntry(wykresy, "mnuWykresDob", "Wykres &dobowy", [this] { openLoaded(m_dailyChart); });
+    addEntry(wykresy, "mnuWykresMies", "Wykres &okresowy", [this] { openLoaded(m_periodChart); });
 
     QMenu *ster = addMenu(bar, "mnuSter", "&Sterowanie");
     addEntry(ster, "mnuSterWlacz", "Włącz tryb &sterowania",
@@ -117,7 +117,7 @@ void fmGlowny::buildMenus()
         options->setAttribute(Qt::WA_DeleteOnClose);
         options->show();
     });
-    addEntry(narz, "mnuNarzAlarmy", "Archiwum &alarmów", [this] { openArchive(); });
+    addEntry(narz, "mnuNarzAlarmy", "Archiwum &alarmów", [this] { openLoaded(m_archive); });
 
     QMenu *pomoc = addMenu(bar, "mnuPomoc", "&Pomoc");
     addEntry(pomoc, "mnuPomocOProgramie", "&O programie", [this] {
@@ -167,7 +167,7 @@ void fmGlowny::ToolbarAction(const QString &Key, bool Value)
     else if (Key == QLatin1String("RapDob"))
         WyswRaportDobowy();
     else if (Key == QLatin1String("Wykresy"))
-        openChart(m_dailyChart);
+        openLoaded(m_dailyChart);
 }
 
 void fmGlowny::WyswRaportDobowy()
@@ -239,22 +239,11 @@ frmRegulatory *fmGlowny::openEditor()
     return m_editor;
 }
 
-fmAlarmyArch *fmGlowny::openArchive()
-{
-    if (!m_archive) {
-        auto window = std::make_unique<fmAlarmyArch>(m_station);
-        window->load();
-        m_archive = window.release();
-    }
-    showChild(m_archive);
-    return m_archive;
-}
-
-template <class Chart>
-Chart *fmGlowny::openChart(QPointer<Chart> &window)
+template <class Window>
+Window *fmGlowny::openLoaded(QPointer<Window> &window)
 {
     if (!window) {
-        auto created = std::make_unique<Chart>(m_station);
+        auto created = std::make_unique<Window>(m_station); // a load that fails leaves no window
         created->load();
         window = created.release();
     }
