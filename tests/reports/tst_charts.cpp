@@ -82,7 +82,9 @@ private slots:
         QVERIFY(DailyChart::draw(rows, chart, 5, QStringLiteral("T1"), Day, ChartQuantity::Energy));
         QCOMPARE(drawn(chart), (QStringList{"00:00=2.0000;1.0000", "00:15=0.0000;0.5000", "00:30=-;-", "23:59=4.0000;1.0000"}));
         QCOMPARE(chart.titleText(), QStringLiteral("Zużycie energi dla 'T1' z dnia 24/11/2026"));
+        QCOMPARE(chart.axisTitle(0), QStringLiteral("czas"));
         QCOMPARE(chart.axisTitle(1), QStringLiteral("Energia [kWh]"));
+        QCOMPARE(errorOf([&] { chart.value(1, 3); }), int(RunTimeError::SubscriptOutOfRange)); // two series only
         QCOMPARE(chart.columnLabel(2), QStringLiteral("Energia bierna"));
         QVERIFY(chart.repaint());
 
