@@ -36,7 +36,9 @@ std::vector<Table> buildTables()
          {{"Adres", T::Int16, {}}, {"Data", T::Date, {}}, {"EnCzynna", T::Single, {}}, {"EnBiernaCalk", T::Single, {}},
           {"EnBiernaPoj", T::Single, {}}, {"Napiecie", T::Single, {}}, {"PradBierny", T::Single, {}},
           {"PradCalk", T::Single, {}}, {"Czestotliwosc", T::Single, {}}},
-         {{"ix_Pomiary_Adres_Data", "Adres, Data"}, {"ix_Pomiary_Data", "Data"}}},
+         // a controller's energies over a range come from the index alone: its
+         // samples lie among all the others' in the table, a page per row
+         {{"ix_Pomiary_Adres_Data_En", "Adres, Data, EnCzynna, EnBiernaCalk"}, {"ix_Pomiary_Data", "Data"}}},
         {"OstPomiar",
          {{"Adres", T::Int16, {}}, {"PopPradCzynny", T::Single, {}}, {"PopPradBiernSr", T::Single, {}},
           {"PopPradBiernPojSr", T::Single, {}}, {"PopTimerU", T::Int32, {}}, {"Czas", T::Date, {}}},

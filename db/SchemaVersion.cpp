@@ -29,6 +29,11 @@ const std::vector<std::function<void(Database &)>> &steps()
             db.execText(QStringLiteral("CREATE TABLE WersjaSchematu (wersja ") +
                         db.dialect().columnType(SqlDialect::ColumnType::Int32) + QStringLiteral(")"));
         },
+        // 1 -> 2: the index by controller and time also holds the energies
+        [](Database &db) {
+            db.execText(QStringLiteral("DROP INDEX IF EXISTS ix_Pomiary_Adres_Data"));
+            db.execText(QStringLiteral("CREATE INDEX IF NOT EXISTS ix_Pomiary_Adres_Data_En ON Pomiary (Adres, Data, EnCzynna, EnBiernaCalk)"));
+        },
     };
     return all;
 }

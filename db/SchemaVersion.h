@@ -9,7 +9,7 @@ class Database;
 namespace SchemaVersion {
 
 // The version this program makes and works on.
-constexpr int Current = 1;
+constexpr int Current = 2;
 // The table that holds it.
 inline constexpr const char *TableName = "WersjaSchematu";
 

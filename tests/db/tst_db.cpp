@@ -204,8 +204,18 @@ private slots:
         QVERIFY2(r.err.contains(QLatin1String("--force")), qPrintable(r.err));
         QCOMPARE(number(db, rows), 1);
 
-        db.execText(QStringLiteral("DROP TABLE WersjaSchematu")); // as made before versions were kept
+        // as made before versions were kept, with the index of that time
+        db.execText(QStringLiteral("DROP TABLE WersjaSchematu"));
+        db.execText(QStringLiteral("DROP INDEX ix_Pomiary_Adres_Data_En"));
+        db.execText(QStringLiteral("CREATE INDEX ix_Pomiary_Adres_Data ON Pomiary (Adres, Data)"));
+        const auto hasIndex = [&](const char *name) {
+            const QString sql = config.engine == SqlDialect::Engine::SQLite
+                                    ? QStringLiteral("SELECT COUNT(*) FROM sqlite_master WHERE type = 'index' AND name = '%1'")
+                                    : QStringLiteral("SELECT COUNT(*) FROM pg_indexes WHERE indexname = lower('%1')");
+            return number(db, sql.arg(QLatin1String(name))) == 1;
+        };
         r = admin({"upgrade", "--db", "DB"}, config);
+        QVERIFY(hasIndex("ix_Pomiary_Adres_Data_En") && !hasIndex("ix_Pomiary_Adres_Data"));
         QCOMPARE(r.code, 0);
         QVERIFY2(r.out.contains(QStringLiteral("z wersji 0 do wersji %1").arg(SchemaVersion::Current)), qPrintable(r.out));
         QCOMPARE(SchemaVersion::of(db), SchemaVersion::Current);
