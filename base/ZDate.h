@@ -21,6 +21,8 @@ public:
     static constexpr ZDate fromMsecs(std::int64_t ms) { ZDate d; d.m_ms = ms; return d; }
     static ZDate fromDays(double days);
     static ZDate fromParts(int year, int month, int day, int hour = 0, int minute = 0, int second = 0, int ms = 0);
+    // Midnight at the start of a day.
+    static ZDate startOf(QDate day) { return fromParts(day.year(), day.month(), day.day()); }
     // Local wall-clock reading of a QDateTime (its date and time of day as shown).
     static ZDate fromDateTime(const QDateTime &dt);
     // "yyyy-MM-dd HH:mm:ss" (also with 'T' or fractional seconds); invalid text gives nullopt-like zero + ok=false.

@@ -36,6 +36,8 @@ public:
         return QStringLiteral("(substr(%1,9,2)||'/'||substr(%1,6,2)||'/'||substr(%1,3,2))").arg(c);
     }
     QString doubleSum(const QString &c) const override { return QStringLiteral("SUM(%1)").arg(c); }
+    // a division by zero is NULL here already
+    QString ratio(const QString &a, const QString &b) const override { return QStringLiteral("%1/%2").arg(a, b); }
 };
 
 class PostgreSQLDialect final : public SqlDialect {
@@ -73,6 +75,11 @@ public:
         return QStringLiteral("(to_char(%1, 'DD/MM/YY') COLLATE \"C\")").arg(c);
     }
     QString doubleSum(const QString &c) const override { return QStringLiteral("SUM(CAST(%1 AS double precision))").arg(c); }
+    // a division by zero would fail the whole query: NULL for it, as SQLite gives
+    QString ratio(const QString &a, const QString &b) const override
+    {
+        return QStringLiteral("(CAST(%1 AS double precision)/NULLIF(%2,0))").arg(a, b);
+    }
 };
 
 }

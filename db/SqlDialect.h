@@ -33,6 +33,8 @@ public:
     virtual QString dayFirstText(const QString &column) const = 0;
     // SUM of a column in double precision.
     virtual QString doubleSum(const QString &column) const = 0;
+    // a / b in double precision, NULL where b is 0.
+    virtual QString ratio(const QString &a, const QString &b) const = 0;
 
     // Dates travel as "yyyy-MM-dd HH:mm:ss" text: both engines compare and
     // format that form correctly, and no time zone can shift it.

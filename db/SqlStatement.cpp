@@ -32,6 +32,12 @@ SqlStatement &SqlStatement::sum(const QString &column)
     return *this;
 }
 
+SqlStatement &SqlStatement::ratio(const QString &a, const QString &b)
+{
+    m_pieces.push_back({Piece::Ratio, a, b, {}});
+    return *this;
+}
+
 QString SqlStatement::render(const SqlDialect &dialect, QVariantList *binds) const
 {
     QString sql;
@@ -53,6 +59,9 @@ QString SqlStatement::render(const SqlDialect &dialect, QVariantList *binds) con
             break;
         case Piece::Sum:
             sql += dialect.doubleSum(p.text);
+            break;
+        case Piece::Ratio:
+            sql += dialect.ratio(p.text, p.value.toString());
             break;
         }
     }

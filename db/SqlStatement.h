@@ -25,13 +25,15 @@ public:
     SqlStatement &dayFirstText(const QString &column);
     // The sum of a column, in double precision whatever the column holds.
     SqlStatement &sum(const QString &column);
+    // a / b in double precision; NULL where b is 0, as SQLite answers it.
+    SqlStatement &ratio(const QString &a, const QString &b);
 
     // The text for the engine, with '?' in place of each value, and the values in order.
     QString render(const SqlDialect &dialect, QVariantList *binds) const;
 
 private:
     struct Piece {
-        enum Kind { Text, Value, Date, DayFirstText, Sum } kind;
+        enum Kind { Text, Value, Date, DayFirstText, Sum, Ratio } kind;
         QString text;
         QVariant value;
         ZDate date;

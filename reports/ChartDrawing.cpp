@@ -39,8 +39,3 @@ void ChartDrawing::setTgFi(ChartGrid &chart, int row, const QVariant &active, co
     if (!active.isNull() && !reactive.isNull() && active.toDouble() != 0)
         chart.SetData(row, 1, reactive.toDouble() / active.toDouble(), 0);
 }
-
-ZDate ChartDrawing::startOf(QDate day)
-{
-    return ZDate::fromParts(day.year(), day.month(), day.day());
-}

@@ -39,8 +39,6 @@ public:
     static bool draw(RowSet &rows, const SqlStatement &query, ChartGrid &chart, const Titles &titles,
                      const QString &labelColumn, const std::function<QString(const QVariant &)> &label,
                      const RowValues &values);
-    // Midnight at the start of a day, as the archive's dates compare.
-    static ZDate startOf(QDate day);
     // tg fi of reactive over active energy; none when either is missing or the active one is 0.
     static void setTgFi(ChartGrid &chart, int row, const QVariant &active, const QVariant &reactive);
 };

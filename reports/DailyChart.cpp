@@ -23,8 +23,8 @@ SqlStatement DailyChart::query(std::int16_t adres, QDate day)
 {
     SqlStatement q(QStringLiteral("Select Data, EnCzynna, EnBiernaCalk from Pomiary where Adres = "));
     q.value(adres) << " and Data >= ";
-    q.date(ChartDrawing::startOf(day)) << " and Data < ";
-    q.date(ChartDrawing::startOf(day.addDays(1))) << " order by Data";
+    q.date(ZDate::startOf(day)) << " and Data < ";
+    q.date(ZDate::startOf(day.addDays(1))) << " order by Data";
     return q;
 }
 

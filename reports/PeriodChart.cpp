@@ -28,8 +28,8 @@ SqlStatement PeriodChart::query(std::int16_t adres, QDate first, QDate last)
     q.sum(QStringLiteral("EnCzynna")) << " as SumEnCzynna, ";
     q.sum(QStringLiteral("EnBiernaCalk")) << " as SumEnBiernaCalk from Pomiary where Adres = ";
     q.value(adres) << " and Data >= ";
-    q.date(ChartDrawing::startOf(first)) << " and Data < ";
-    q.date(ChartDrawing::startOf(last.addDays(1))) << " " << " GROUP BY ";
+    q.date(ZDate::startOf(first)) << " and Data < ";
+    q.date(ZDate::startOf(last.addDays(1))) << " " << " GROUP BY ";
     // kept: ordered by the day-first text, not by time
     q.dayFirstText(QStringLiteral("Data")) << " order by ";
     q.dayFirstText(QStringLiteral("Data"));

@@ -126,7 +126,7 @@ void fmAlarmyArch::WczytajAlarmy()
     if (m_rows->isOpen())
         m_rows->close();
     const QDate day = m_date->date();
-    const ZDate from = ZDate::fromParts(day.year(), day.month(), day.day());
+    const ZDate from = ZDate::startOf(day);
     m_rows->open(AlarmArchive::query(m_controllers->currentText(), from, from.addDays(1)));
     // cleared only now: a query that fails leaves the list as it was
     m_list->clear();
