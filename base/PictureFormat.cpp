@@ -133,3 +133,13 @@ QString pictureFormat(double value, const QString &picture, int significantDigit
         out.prepend(QLatin1Char('-'));
     return out;
 }
+
+QString pictureFormatComma(double value, const QString &picture, int significantDigits)
+{
+    const auto swapped = [](QString text) {
+        for (QChar &c : text)
+            c = c == QLatin1Char(',') ? QLatin1Char('.') : c == QLatin1Char('.') ? QLatin1Char(',') : c;
+        return text;
+    };
+    return swapped(pictureFormat(value, swapped(picture), significantDigits));
+}

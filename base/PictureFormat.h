@@ -14,3 +14,6 @@
 // gives "1.001". A value that rounds to zero shows no sign.
 QString pictureFormat(double value, const QString &picture, int significantDigits = 15);
 inline QString pictureFormat(float value, const QString &picture) { return pictureFormat(double(value), picture, 7); }
+// The same for the printed reports' pictures, where ',' is the decimal sign
+// ("0,000;(0,000)") and the number shows a comma.
+QString pictureFormatComma(double value, const QString &picture, int significantDigits = 15);

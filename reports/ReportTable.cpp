@@ -1,0 +1,71 @@
+#include "reports/ReportTable.h"
+
+#include "base/Conversions.h"
+#include "base/PictureFormat.h"
+#include "base/ZDate.h"
+#include "db/RowSet.h"
+
+#include <algorithm>
+
+void ReportTable::read(RowSet &rows, const QStringList &fields)
+{
+    m_fields = fields;
+    m_rows.clear();
+    for (rows.MoveFirst(); !rows.EOF_(); rows.MoveNext()) {
+        std::vector<QVariant> row;
+        row.reserve(std::size_t(fields.size()));
+        for (const QString &f : fields)
+            row.push_back(rows.field(f));
+        m_rows.push_back(std::move(row));
+    }
+}
+
+QVariant ReportTable::value(int row, const QString &field) const
+{
+    // fields are named without regard to case, as the store names them
+    const auto it = std::find_if(m_fields.cbegin(), m_fields.cend(),
+                                 [&](const QString &f) { return f.compare(field, Qt::CaseInsensitive) == 0; });
+    const qsizetype column = it - m_fields.cbegin();
+    if (it == m_fields.cend() || row < 0 || row >= rowCount())
+        return {};
+    return m_rows[std::size_t(row)][std::size_t(column)];
+}
+
+QString ReportTable::text(int row, const QString &field, const QString &picture) const
+{
+    const QVariant v = value(row, field);
+    if (v.isNull())
+        return {};
+    // a day arrives as its text; a sample's moment prints in the picture's time form
+    if (v.typeId() == QMetaType::QString && v.toString().size() <= 8)
+        return v.toString();
+    if (picture.contains(QLatin1String("HH")))
+        return ZDate::fromVariant(v).toString(picture);
+    return pictureFormatComma(conv::toNumber(v), picture);
+}
+
+std::optional<double> ReportTable::figure(Figure figure, const QString &field) const
+{
+    std::vector<double> values;
+    for (int r = 0; r < rowCount(); ++r)
+        if (const QVariant v = value(r, field); !v.isNull())
+            values.push_back(conv::toNumber(v));
+    if (values.empty())
+        return std::nullopt;
+    double sum = 0;
+    for (double v : values)
+        sum += v;
+    switch (figure) {
+    case Figure::Sum: return sum;
+    case Figure::Min: return *std::min_element(values.begin(), values.end());
+    case Figure::Max: return *std::max_element(values.begin(), values.end());
+    case Figure::Average: return sum / double(values.size());
+    }
+    return std::nullopt;
+}
+
+QString ReportTable::figureText(Figure figure, const QString &field, const QString &picture) const
+{
+    const std::optional<double> v = this->figure(figure, field);
+    return v ? pictureFormatComma(*v, picture) : QString();
+}
