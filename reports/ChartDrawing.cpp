@@ -39,3 +39,15 @@ void ChartDrawing::setTgFi(ChartGrid &chart, int row, const QVariant &active, co
     if (!active.isNull() && !reactive.isNull() && active.toDouble() != 0)
         chart.SetData(row, 1, reactive.toDouble() / active.toDouble(), 0);
 }
+
+ChartDrawing::Titles ChartDrawing::titlesFor(ChartQuantity quantity, const QString &kod, const QString &energyWhen,
+                                             QDate tgFiDay)
+{
+    if (quantity == ChartQuantity::TgFi)
+        return {QStringLiteral("Wykres tg fi dla '") + kod + QStringLiteral("' z dnia ") +
+                    tgFiDay.toString(QStringLiteral("dd/MM/yyyy")),
+                QStringLiteral("tg fi"), {QStringLiteral("tg fi")}};
+    // kept: "energi" as it always read
+    return {QStringLiteral("Zużycie energi dla '") + kod + QLatin1Char('\'') + energyWhen, QStringLiteral("Energia [kWh]"),
+            {QStringLiteral("Energia czynna"), QStringLiteral("Energia bierna")}};
+}

@@ -39,6 +39,9 @@ public:
     static bool draw(RowSet &rows, const SqlStatement &query, ChartGrid &chart, const Titles &titles,
                      const QString &labelColumn, const std::function<QString(const QVariant &)> &label,
                      const RowValues &values);
+    // What a chart of `kod` is titled: the energy title ends with `energyWhen`;
+    // the tg fi title names one day, whatever the chart covers.
+    static Titles titlesFor(ChartQuantity quantity, const QString &kod, const QString &energyWhen, QDate tgFiDay);
     // tg fi of reactive over active energy; none when either is missing or the active one is 0.
     static void setTgFi(ChartGrid &chart, int row, const QVariant &active, const QVariant &reactive);
 };

@@ -4,21 +4,6 @@
 #include "db/RowSet.h"
 #include "db/SqlStatement.h"
 
-namespace {
-
-ChartDrawing::Titles titlesOf(ChartQuantity quantity, const QString &kod, QDate day)
-{
-    const QString date = day.toString(QStringLiteral("dd/MM/yyyy"));
-    if (quantity == ChartQuantity::TgFi)
-        return {QStringLiteral("Wykres tg fi dla '") + kod + QStringLiteral("' z dnia ") + date, QStringLiteral("tg fi"),
-                {QStringLiteral("tg fi")}};
-    // kept: "energi" as it always read
-    return {QStringLiteral("Zużycie energi dla '") + kod + QStringLiteral("' z dnia ") + date,
-            QStringLiteral("Energia [kWh]"), {QStringLiteral("Energia czynna"), QStringLiteral("Energia bierna")}};
-}
-
-}
-
 SqlStatement DailyChart::query(std::int16_t adres, QDate day)
 {
     SqlStatement q(QStringLiteral("Select Data, EnCzynna, EnBiernaCalk from Pomiary where Adres = "));
@@ -42,6 +27,8 @@ bool DailyChart::draw(RowSet &rows, ChartGrid &chart, std::int16_t adres, const 
         }
     };
     const auto label = [](const QVariant &data) { return ZDate::fromVariant(data).toString(QStringLiteral("HH:mm")); };
-    return ChartDrawing::draw(rows, query(adres, day), chart, titlesOf(quantity, kod, day), QStringLiteral("Data"), label,
+    const ChartDrawing::Titles titles =
+        ChartDrawing::titlesFor(quantity, kod, QStringLiteral(" z dnia ") + day.toString(QStringLiteral("dd/MM/yyyy")), day);
+    return ChartDrawing::draw(rows, query(adres, day), chart, titles, QStringLiteral("Data"), label,
                               values);
 }

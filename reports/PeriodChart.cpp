@@ -5,22 +5,6 @@
 #include "db/RowSet.h"
 #include "db/SqlStatement.h"
 
-namespace {
-
-ChartDrawing::Titles titlesOf(ChartQuantity quantity, const QString &kod, QDate first, QDate last)
-{
-    const QString from = first.toString(QStringLiteral("dd/MM/yyyy"));
-    // kept: the tg fi title has the daily chart's words and names the first day only
-    if (quantity == ChartQuantity::TgFi)
-        return {QStringLiteral("Wykres tg fi dla '") + kod + QStringLiteral("' z dnia ") + from, QStringLiteral("tg fi"),
-                {QStringLiteral("tg fi")}};
-    return {QStringLiteral("Zużycie energi dla '") + kod + QStringLiteral("' za okres od ") + from + QStringLiteral(" do ") +
-                last.toString(QStringLiteral("dd/MM/yyyy")),
-            QStringLiteral("Energia [kWh]"), {QStringLiteral("Energia czynna"), QStringLiteral("Energia bierna")}};
-}
-
-}
-
 SqlStatement PeriodChart::query(std::int16_t adres, QDate first, QDate last)
 {
     SqlStatement q(QStringLiteral("Select  "));
@@ -51,6 +35,10 @@ bool PeriodChart::draw(RowSet &rows, ChartGrid &chart, std::int16_t adres, const
         c.SetData(row, 2, conv::toNumber(reactive), 0);
     };
     const auto label = [](const QVariant &day) { return day.toString(); };
-    return ChartDrawing::draw(rows, query(adres, first, last), chart, titlesOf(quantity, kod, first, last),
+    const auto day = [](QDate d) { return d.toString(QStringLiteral("dd/MM/yyyy")); };
+    // kept: the tg fi title has the daily chart's words and names the first day only
+    const ChartDrawing::Titles titles = ChartDrawing::titlesFor(
+        quantity, kod, QStringLiteral(" za okres od ") + day(first) + QStringLiteral(" do ") + day(last), first);
+    return ChartDrawing::draw(rows, query(adres, first, last), chart, titles,
                               QStringLiteral("MData"), label, values);
 }
