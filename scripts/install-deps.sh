@@ -10,7 +10,7 @@ PACKAGES=(
   libgl-dev libqt6opengl6-dev libxkbcommon-dev
   postgresql
   xvfb xauth poppler-utils
-  fonts-dejavu-core
+  fonts-dejavu-core fonts-liberation2
 )
 
 missing=()
