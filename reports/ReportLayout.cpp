@@ -10,6 +10,9 @@ const QString Energy = QStringLiteral("0,000");
 const QString SignedEnergy = QStringLiteral("0,000;(0,000)");
 const QString TgFi = QStringLiteral("0,00");
 const QString Volts = QStringLiteral("0");
+// between the columns of both layouts, clear of the texts of their heads, details and footers
+// (a right-aligned figure's box may reach past one: its number stands at the box's right)
+const QList<int> ColumnRules{1410, 2551, 3798, 4592, 6012, 6860, 8163};
 
 ReportLayout::Section reportHeader(const char *title)
 {
@@ -85,7 +88,8 @@ void addFigures(ReportLayout::Section &s, const std::initializer_list<FooterColu
 ReportLayout daily()
 {
     ReportLayout l{QStringLiteral("RapDobowy"),
-                   {reportHeader("Raport dobowy dla  "), pageHeader("Czas"), {}, pageFooter(568), reportFooter(1016)}};
+                   {reportHeader("Raport dobowy dla  "), pageHeader("Czas"), {}, pageFooter(568), reportFooter(1016)},
+                   ColumnRules};
     ReportLayout::Section &detail = l.sections[ReportLayout::Section1];
     detail = {QStringLiteral("Section1"), 227, {}, {}, {}, {}};
     detail.fields = {{QStringLiteral("Text1"), {113, 0, 1125, 225}, QStringLiteral("data"), QStringLiteral("HH:mm:ss")},
@@ -109,11 +113,12 @@ ReportLayout daily()
 ReportLayout period()
 {
     ReportLayout l{QStringLiteral("RapOkresowy"),
-                   {reportHeader("Raport okresowy dla  "), pageHeader("Data"), {}, pageFooter(567), reportFooter(951)}};
+                   {reportHeader("Raport okresowy dla  "), pageHeader("Data"), {}, pageFooter(567), reportFooter(951)},
+                   ColumnRules};
     ReportLayout::Section &detail = l.sections[ReportLayout::Section1];
     detail = {QStringLiteral("Section1"), 907, {}, {}, {}, {}};
-    // the day arrives as text and prints as it stands
-    detail.fields = {{QStringLiteral("Text1"), {340, 0, 907, 225}, QStringLiteral("data"), QStringLiteral("dd/MM/yyyy")}};
+    // the day arrives as text and prints as it stands, under "Data" and clear of the captions beside it
+    detail.fields = {{QStringLiteral("Text1"), {113, 0, 794, 225}, QStringLiteral("data"), QStringLiteral("dd/MM/yyyy")}};
     const char *captions[] = {"min.", "maks.", "śr.", "suma"};
     for (int i = 0; i < 4; ++i)
         detail.labels.append({QStringLiteral("Label%1").arg(19 + i), {907, 227 * i, 450, 225}, QString::fromUtf8(captions[i])});

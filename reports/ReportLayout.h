@@ -56,6 +56,9 @@ struct ReportLayout {
 
     QString name;
     std::array<Section, BandCount> sections;
+    // Where thin lines part the columns, twips from the left: down the page
+    // header, every detail and the report footer's lines, clear of every text.
+    QList<int> columnRules;
 
     static const ReportLayout &RapDobowy();
     static const ReportLayout &RapOkresowy();

@@ -20,6 +20,14 @@ void ReportTable::read(RowSet &rows, const QStringList &fields)
     }
 }
 
+void ReportTable::setRows(const QStringList &fields, std::vector<std::vector<QVariant>> rows)
+{
+    m_fields = fields;
+    m_rows = std::move(rows);
+    for (std::vector<QVariant> &row : m_rows) // a short row's missing fields are NULL
+        row.resize(std::size_t(fields.size()));
+}
+
 QVariant ReportTable::value(int row, const QString &field) const
 {
     // fields are named without regard to case, as the store names them

@@ -20,6 +20,9 @@ public:
 
     // Every row of the open set, from its first.
     void read(RowSet &rows, const QStringList &fields);
+    // Rows given as they are, each holding `fields` in that order, NULL past its end (a table
+    // made without a query).
+    void setRows(const QStringList &fields, std::vector<std::vector<QVariant>> rows);
 
     Kind kind() const { return m_kind; }
     const QString &tytul() const { return m_tytul; }
