@@ -28,9 +28,19 @@ const Schema::Table &pomiary()
     throw RunTimeError::database(QStringLiteral("Brak tabeli Pomiary w schemacie"));
 }
 
-// Nothing to keep if the process dies: the file is then thrown away.
+bool onServer(Database &db)
+{
+    return db.dialect().engine() == SqlDialect::Engine::PostgreSQL;
+}
+
+// Nothing to keep if the process dies: the file (or the server's tables) is
+// then thrown away.
 void fastWrites(Database &db)
 {
+    if (onServer(db)) {
+        db.execText(QStringLiteral("SET synchronous_commit = off"));
+        return;
+    }
     for (const char *sql : {"PRAGMA journal_mode=OFF", "PRAGMA synchronous=OFF", "PRAGMA cache_size=-524288",
                             "PRAGMA temp_store=FILE", "PRAGMA threads=2"})
         db.execText(QString::fromLatin1(sql));
@@ -93,9 +103,17 @@ qint64 addSamples(Database &db, const LargeArchive::Size &size)
     return rows;
 }
 
+// An empty mark tells an archive being filled: a server's tables, unlike a
+// file, cannot be filled aside and moved in place.
+void markFilling(Database &db)
+{
+    db.execText(
+        QStringLiteral("CREATE TABLE IF NOT EXISTS %1 (Regulatory INTEGER, Lata INTEGER, Wiersze INTEGER)").arg(MarkTable));
+}
+
 void mark(Database &db, const LargeArchive::Size &size, qint64 rows)
 {
-    db.execText(QStringLiteral("CREATE TABLE %1 (Regulatory INTEGER, Lata INTEGER, Wiersze INTEGER)").arg(MarkTable));
+    markFilling(db);
     SqlStatement q(QStringLiteral("INSERT INTO ") + MarkTable + QStringLiteral(" VALUES ("));
     q.value(size.controllers) << ", ";
     q.value(size.years) << ", ";
@@ -109,10 +127,8 @@ struct Mark {
 };
 
 // The mark of a complete archive, none in any other station database.
-std::optional<Mark> markOf(const QString &file)
+std::optional<Mark> markOf(Database &db)
 {
-    Database db(DatabaseConfig::fromUrl(QStringLiteral("sqlite:") + file));
-    db.open();
     if (!db.tableExists(MarkTable))
         return std::nullopt;
     QSqlQuery q = db.exec(SqlStatement(QStringLiteral("SELECT Regulatory, Lata, Wiersze FROM ") + MarkTable));
@@ -166,6 +182,8 @@ LargeArchive::Outcome LargeArchive::fill(Database &db, const Size &size, Indexes
         setIndexes(db, true);
         out.indexSeconds = double(t.nsecsElapsed()) / 1e9;
     }
+    if (onServer(db)) // the planner's statistics now, not when autovacuum comes round
+        db.execText(QStringLiteral("ANALYZE Pomiary, Regulatory"));
     mark(db, size, out.rows);
     stationWrites(db);
     return out;
@@ -174,7 +192,9 @@ LargeArchive::Outcome LargeArchive::fill(Database &db, const Size &size, Indexes
 LargeArchive::Outcome LargeArchive::ensure(const QString &file, const Size &size, Indexes indexes)
 {
     if (QFile::exists(file)) {
-        const std::optional<Mark> found = markOf(file);
+        Database db(DatabaseConfig::fromUrl(QStringLiteral("sqlite:") + file));
+        db.open();
+        const std::optional<Mark> found = markOf(db);
         if (!found)
             throw RunTimeError::database(file + QStringLiteral(" nie jest archiwum testowym: podaj inny plik"));
         if (found->size == size)
@@ -192,4 +212,19 @@ LargeArchive::Outcome LargeArchive::ensure(const QString &file, const Size &size
     if (!QFile::rename(filling, file))
         throw RunTimeError::database(QStringLiteral("Nie można przenieść %1 na %2").arg(filling, file));
     return out;
+}
+
+LargeArchive::Outcome LargeArchive::ensure(Database &server, const Size &size, Indexes indexes)
+{
+    const std::optional<Mark> found = markOf(server);
+    if (found && found->size == size)
+        return {true, found->rows, 0, 0};
+    const bool archive = server.tableExists(MarkTable); // complete, of another size, or torn
+    if (!archive && Schema::missingTables(server).size() < qsizetype(Schema::tables().size()))
+        throw RunTimeError::database(server.config().describe() + QStringLiteral(" nie jest archiwum testowym: podaj inną bazę"));
+    if (archive)
+        server.execText(QStringLiteral("DROP TABLE ") + MarkTable);
+    Schema::dropAll(server);
+    markFilling(server);
+    return fill(server, size, indexes);
 }

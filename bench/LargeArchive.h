@@ -47,5 +47,10 @@ Outcome fill(Database &db, const Size &size, Indexes indexes = Indexes::BeforeFi
 // otherwise built in "<file>.filling" and moved in place only once complete.
 // A file that is not such an archive is refused, never overwritten.
 Outcome ensure(const QString &file, const Size &size, Indexes indexes = Indexes::BeforeFill);
+// The archive in a server's database (PostgreSQL), open: reused when it
+// holds a complete one of this size, otherwise filled in place (an archive
+// of another size, or a torn fill, is replaced). A database with the
+// station's tables but no archive is refused, never overwritten.
+Outcome ensure(Database &server, const Size &size, Indexes indexes = Indexes::BeforeFill);
 
 }

@@ -40,3 +40,13 @@ bool ControllerStore::hasKod(const QString &kod)
     q.value(kod);
     return m_connection().exec(q).next();
 }
+
+std::optional<ControllerStore::Identity> ControllerStore::find(const QString &kod)
+{
+    SqlStatement s(QStringLiteral("SELECT Kod, Adres FROM Regulatory WHERE Kod = "));
+    s.value(kod);
+    QSqlQuery q = m_connection().exec(s);
+    if (!q.next())
+        return std::nullopt;
+    return Identity{q.value(0).toString(), std::int16_t(q.value(1).toInt())};
+}

@@ -4,7 +4,9 @@
 
 #include <QStringList>
 #include <QVariantMap>
+#include <cstdint>
 #include <functional>
+#include <optional>
 
 class Database;
 
@@ -22,6 +24,13 @@ public:
     void add(const QVariantMap &columns);
     // Whether a row has this Kod.
     bool hasKod(const QString &kod);
+    struct Identity {
+        QString kod;
+        std::int16_t adres;
+    };
+    // The controller of this Kod (compared as the engine compares text) with
+    // its Kod as stored; none when no row has it.
+    std::optional<Identity> find(const QString &kod);
     // The given columns of every controller, ordered by address.
     QList<QVariantMap> list(const QStringList &columns);
 

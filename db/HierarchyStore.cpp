@@ -20,8 +20,18 @@ int HierarchyStore::remove(const QString &kod_obiektu)
 
 std::vector<HierarchyStore::Row> HierarchyStore::all()
 {
-    QSqlQuery q = m_connection().exec(SqlStatement(QStringLiteral(
-        "SELECT kod_obiektu, kod_obiektu_nad, typ FROM Hierarchia ORDER BY kod_obiektu_nad, kod_obiektu")));
+    return rows(QStringLiteral("kod_obiektu_nad, kod_obiektu"));
+}
+
+std::vector<HierarchyStore::Row> HierarchyStore::inTreeOrder()
+{
+    return rows(QStringLiteral("kod_obiektu_nad"));
+}
+
+std::vector<HierarchyStore::Row> HierarchyStore::rows(const QString &order)
+{
+    QSqlQuery q = m_connection().exec(
+        SqlStatement(QStringLiteral("SELECT kod_obiektu, kod_obiektu_nad, typ FROM Hierarchia ORDER BY ") + order));
     std::vector<Row> rows;
     while (q.next())
         rows.push_back({q.value(0).toString(), q.value(1).toString(), q.value(2).toString()});

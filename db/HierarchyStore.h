@@ -22,7 +22,13 @@ public:
     };
     // Every row, by parent and then name.
     std::vector<Row> all();
+    // Every row by parent alone, as the structure tree reads them: the
+    // order among an object's children is the engine's, and every reader
+    // of the tree must meet the same one.
+    std::vector<Row> inTreeOrder();
 
 private:
+    std::vector<Row> rows(const QString &order);
+
     std::function<Database &()> m_connection;
 };

@@ -8,7 +8,6 @@
 #include "base/RunTimeError.h"
 #include "base/clsWizual.h"
 #include "db/HierarchyStore.h"
-#include "db/RowSet.h"
 #include "station/Station.h"
 
 #include <QVBoxLayout>
@@ -41,33 +40,30 @@ void fmStruktura::LadujObiekty()
 {
     m_tree->clearNodes();
     m_tree->addNode(nullptr, RootKey, RootText, Plant, ObjectTag);
-    RowSet rows(m_station.connection());
-    // the order only helps the reading: the two passes make the tree in any order
-    rows.open(SqlStatement(QStringLiteral("Select * from Hierarchia order by kod_obiektu_nad")));
+    const std::vector<HierarchyStore::Row> rows =
+        HierarchyStore([this]() -> Database & { return m_station.connection(); }).inTreeOrder();
     firstPass(rows);
     secondPass(rows);
-    rows.close();
     m_tree->topLevelItem(0)->setExpanded(true);
 }
 
 // Every row an element under the root; "System Zorbel" as an element is none.
-void fmStruktura::firstPass(RowSet &rows)
+void fmStruktura::firstPass(const std::vector<HierarchyStore::Row> &rows)
 {
     QTreeWidgetItem *root = m_tree->node(RootKey);
-    for (rows.MoveFirst(); !rows.EOF_(); rows.MoveNext()) {
-        const QString kod = rows.field(QStringLiteral("kod_obiektu")).toString();
-        const bool controller = rows.field(QStringLiteral("typ")).toString() == ControllerTag;
-        if (kod != RootText)
-            m_tree->addNode(root, kod, kod, controller ? ControllerElement : Object, controller ? ControllerTag : ObjectTag);
+    for (const HierarchyStore::Row &r : rows) {
+        const bool controller = r.typ == ControllerTag;
+        if (r.kod_obiektu != RootText)
+            m_tree->addNode(root, r.kod_obiektu, r.kod_obiektu, controller ? ControllerElement : Object,
+                            controller ? ControllerTag : ObjectTag);
     }
 }
 
 // Each element under its parent, a parent named only by rows made an object.
-void fmStruktura::secondPass(RowSet &rows)
+void fmStruktura::secondPass(const std::vector<HierarchyStore::Row> &rows)
 {
-    for (rows.MoveFirst(); !rows.EOF_(); rows.MoveNext()) {
-        const QString kod = rows.field(QStringLiteral("kod_obiektu")).toString();
-        const QString nad = rows.field(QStringLiteral("kod_obiektu_nad")).toString();
+    for (const HierarchyStore::Row &r : rows) {
+        const QString &nad = r.kod_obiektu_nad;
         QTreeWidgetItem *parent = nullptr;
         if (m_tree->hasNode(nad))
             parent = m_tree->node(nad);
@@ -76,7 +72,7 @@ void fmStruktura::secondPass(RowSet &rows)
         else
             parent = m_tree->node(RootKey);
         // kept: a row named "System Zorbel" has no node, and fails here
-        m_tree->moveNode(m_tree->node(kod), parent);
+        m_tree->moveNode(m_tree->node(r.kod_obiektu), parent);
     }
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "db/HierarchyStore.h"
+
 #include <QString>
 #include <QWidget>
 #include <functional>
@@ -26,6 +28,7 @@ public:
     // Builds the tree anew from Hierarchia: every row an element under the
     // root, then each moved under its parent. A parent that only rows name
     // becomes an element of its own; "System Zorbel" as parent is the root.
+    // HierarchyTree builds the same tree without a window.
     void LadujObiekty();
     // "Raport" opens the daily report of an object; other keys do nothing.
     void ToolbarAction(const QString &Key, bool Value);
@@ -46,8 +49,8 @@ public:
     void setDailyReportOpener(std::function<void()> open) { m_dailyReport = std::move(open); }
 
 private:
-    void firstPass(class RowSet &rows);
-    void secondPass(RowSet &rows);
+    void firstPass(const std::vector<HierarchyStore::Row> &rows);
+    void secondPass(const std::vector<HierarchyStore::Row> &rows);
     void nodeClick(QTreeWidgetItem *item, bool rightButton, const QPoint &globalPos);
     void clickNode(QTreeWidgetItem *item);
 

@@ -1,8 +1,8 @@
 #include "TestMain.h"
+#include "AdminRun.h"
 #include "TestDatabases.h"
 #include "TestEnv.h"
 
-#include "AdminTool.h"
 #include "db/Database.h"
 #include "db/Schema.h"
 #include "reports/AlarmCsv.h"
@@ -48,23 +48,6 @@ QStringList shown(const std::vector<Row> &rows)
         all << QStringList{r.raised.toIsoText(), r.kod, r.text, QString::number(r.confirmed.msecs()),
                            QString::number(r.deactivated.msecs())}.join(u'|');
     return all;
-}
-
-struct Run {
-    int code;
-    QString out, err;
-};
-
-// zorbel-admin on the SQLite database of the test's directory.
-Run admin(const QStringList &args)
-{
-    QString out, err;
-    QTextStream o(&out), e(&err);
-    const QStringList db{QStringLiteral("--db"), QStringLiteral("sqlite:zorbel.db")};
-    const int code = AdminTool(o, e).run(QStringList{QStringLiteral("zorbel-admin")} + args + db);
-    o.flush();
-    e.flush();
-    return {code, out, err};
 }
 
 }
@@ -117,7 +100,7 @@ private slots:
         Database db(DatabaseConfig::fromUrl(QStringLiteral("sqlite:zorbel.db")));
         fill(db, rows);
         const QString file = env.file("alarmy.pdf");
-        const Run r = admin({"alarms", "--kod", "R05", "--from", "2026-11-01", "--to", "2026-11-30", "--pdf", file});
+        const AdminRun r = runAdmin({"alarms", "--kod", "R05", "--from", "2026-11-01", "--to", "2026-11-30", "--pdf", file});
         QVERIFY2(r.code == 0, qPrintable(r.err));
         QCOMPARE(r.out, QStringLiteral("Zapisano 80 alarmów regulatora R05 do %1\n").arg(file));
         const auto textOf = [&pdftotext](const QString &pdf) {
@@ -131,7 +114,7 @@ private slots:
             QVERIFY2(text.contains(QString::fromUtf8(expected)), expected);
         // a day without alarms is one page with its header and captions
         const QString empty = env.file("pusty.pdf");
-        QCOMPARE(admin({"alarms", "--kod", "R05", "--from", "2026-12-01", "--to", "2026-12-01", "--pdf", empty}).code, 0);
+        QCOMPARE(runAdmin({"alarms", "--kod", "R05", "--from", "2026-12-01", "--to", "2026-12-01", "--pdf", empty}).code, 0);
         const QString emptyText = textOf(empty);
         QVERIFY(emptyText.contains(QStringLiteral("Data potwierdzenia")) && emptyText.contains(QStringLiteral("strona 1/1")));
     }
@@ -160,7 +143,7 @@ private slots:
         Database db(DatabaseConfig::fromUrl(QStringLiteral("sqlite:zorbel.db")));
         fill(db, {{Day, "R05", "Przekroczenie napięcia", {}, {}}});
         const QStringList before = QDir(env.path()).entryList(QDir::NoDotAndDotDot | QDir::AllEntries);
-        const Run r = admin(args);
+        const AdminRun r = runAdmin(args);
         QCOMPARE(r.code, code);
         QVERIFY2(r.err.contains(code == 2 ? QStringLiteral("Pomoc:") : QStringLiteral("Nie można zapisać pliku brak/a.")),
                  qPrintable(r.err));

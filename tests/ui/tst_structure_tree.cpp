@@ -8,6 +8,9 @@
 #include "base/RunTimeError.h"
 #include "db/Database.h"
 #include "db/HierarchyStore.h"
+#include "db/HierarchyTree.h"
+
+#include "DemoInstallation.h"
 
 #include <QComboBox>
 #include <QLineEdit>
@@ -28,6 +31,11 @@ class StructureTreeTest : public QObject {
             store.add(r[0], r[1], r[2]);
         rig.entry("mnuStruktura")->trigger();
         return rig.frame.findChild<fmStruktura *>();
+    }
+    // The same tree built without the window, from the same rows.
+    static HierarchyTree headless(UiRig &rig)
+    {
+        return HierarchyTree(HierarchyStore([&rig]() -> Database & { return rig.s.connection(); }).inTreeOrder());
     }
     // "text/tag/image" of every node, indented by depth, in tree order.
     static QString dump(const QTreeWidgetItem *node, int depth = 0)
@@ -69,12 +77,16 @@ private slots:
         QVERIFY(root->isExpanded());
         for (int i = 0; i < root->childCount(); ++i)
             QVERIFY(!root->child(i)->isExpanded());
+        const HierarchyTree other = headless(rig);
         for (const QString &entry : lists) {
             const QString key = entry.section(QLatin1Char('='), 0, 0), wanted = entry.section(QLatin1Char('='), 1);
-            if (wanted.startsWith(QLatin1Char('!')))
+            if (wanted.startsWith(QLatin1Char('!'))) {
                 QCOMPARE(errorOf([&] { w->WezListeRegul(key); }), wanted.mid(1).toInt());
-            else
+                QCOMPARE(errorOf([&] { other.controllerList(key); }), wanted.mid(1).toInt());
+            } else {
                 QCOMPARE(w->WezListeRegul(key), wanted);
+                QCOMPARE(other.controllerList(key), wanted);
+            }
         }
         QVERIFY(rig.f.dialogs.calls.isEmpty());
     }
@@ -96,6 +108,23 @@ private slots:
         QVERIFY(w && w->isVisible());
         QCOMPARE(rig.f.dialogs.calls.size(), 1);
         QVERIFY(rig.prompt(0).contains(QLatin1Char('\'') + error + QLatin1Char('\'')));
+        QCOMPARE(errorOf([&] { headless(rig); }), error.toInt());
+    }
+
+    void demoTreeGivesTheSameControllerListsWithoutTheWindow()
+    {
+        UiRig rig;
+        Rows rows;
+        for (const DemoInstallation::Element &e : DemoInstallation::tree())
+            rows << QStringList{e.kod, e.nad, e.typ};
+        fmStruktura *w = open(rig, rows);
+        const HierarchyTree other = headless(rig);
+        for (QTreeWidgetItemIterator it(&w->tree()); *it; ++it) {
+            const QString key = KeyedTree::keyOf(*it);
+            QCOMPARE(other.controllerList(key), w->WezListeRegul(key));
+        }
+        QCOMPARE(other.controllerList(QStringLiteral("Zakład")),
+                 QStringLiteral("'GPZ-T1','GPZ-T2','HALA-A','HALA-B','SPREZARKI','MAGAZYN'"));
     }
 
     void clickMakesTheElementCurrentAndTheRightButtonOpensItsMenu()

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "AlarmExport.h"
+#include "ExportOptions.h"
 #include "HierarchyCommand.h"
+#include "ReportExport.h"
 #include "db/DatabaseConfig.h"
 
 #include <QString>
@@ -11,7 +13,8 @@
 
 // The database tool: creates an empty station database or a demonstration
 // installation, on SQLite or PostgreSQL, moves an older database's schema
-// forward and exports a controller's alarms. Returns a process exit code.
+// forward, edits the object tree and exports a controller's alarms and the
+// reports. Returns a process exit code.
 class AdminTool {
 public:
     AdminTool(QTextStream &out, QTextStream &err) : m_out(out), m_err(err) {}
@@ -25,13 +28,16 @@ private:
         bool force = false;
         int days = 0;
         unsigned seed = 1;
+        ExportOptions saving; // shared by alarms and report
         AlarmExport alarms;
+        ReportExport report;
         HierarchyCommand hierarchy;
     };
 
     // Reads the command line into `o`; an exit code when the tool is not
     // to run: help or version shown, or the command line refused.
     std::optional<int> parse(const QStringList &arguments, Options &o);
+    void readCommands(class CommandLine &line, Options &o);
     int init(const Options &o);
     int demo(const Options &o);
     int upgrade(const Options &o);

@@ -58,8 +58,6 @@ void HierarchyCommand::read(CommandLine &line, bool chosen)
         for (const QCommandLineOption *o : {&m_elementOption, &m_parentOption, &m_typeOption})
             if (line.isSet(*o))
                 line.refuse(QStringLiteral("opcja --%1 należy tylko do polecenia hierarchy").arg(o->names().constFirst()));
-        if (line.positionalArguments().size() > 1)
-            line.refuse(QStringLiteral("za dużo argumentów: %1").arg(line.positionalArguments().join(QLatin1Char(' '))));
         return;
     }
     m_action = line.positionalArguments().value(1);
