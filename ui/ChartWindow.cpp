@@ -46,12 +46,8 @@ ChartWindow::~ChartWindow() = default;
 
 QDateTimeEdit *ChartWindow::dateEdit(const char *name, const char *tip)
 {
-    auto *d = new QDateTimeEdit(m_tools);
-    d->setObjectName(QLatin1String(name));
-    d->setDisplayFormat(QStringLiteral("dd.MM.yyyy"));
-    d->setCalendarPopup(true);
+    QDateTimeEdit *d = form::dateEdit(m_tools, name);
     d->setToolTip(QString::fromUtf8(tip));
-    d->setFixedWidth(d->fontMetrics().horizontalAdvance(QStringLiteral("00.00.0000")) + 34);
     return d;
 }
 

@@ -3,6 +3,7 @@
 #include "base/Dialogs.h"
 #include "base/RunTimeError.h"
 
+#include <QDateTimeEdit>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMdiSubWindow>
@@ -22,6 +23,16 @@ QPushButton *button(QWidget *parent, const char *name, const QString &caption)
     auto *b = new QPushButton(caption, parent);
     b->setObjectName(QLatin1String(name));
     return b;
+}
+
+QDateTimeEdit *dateEdit(QWidget *parent, const char *name)
+{
+    auto *d = new QDateTimeEdit(parent);
+    d->setObjectName(QLatin1String(name));
+    d->setDisplayFormat(QStringLiteral("dd.MM.yyyy"));
+    d->setCalendarPopup(true);
+    d->setFixedWidth(d->fontMetrics().horizontalAdvance(QStringLiteral("00.00.0000")) + 34);
+    return d;
 }
 
 QLineEdit *passwordBox(QWidget *parent, const char *name)

@@ -4,6 +4,7 @@
 #include <functional>
 
 class Dialogs;
+class QDateTimeEdit;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -14,6 +15,8 @@ namespace form {
 
 QLabel *label(QWidget *parent, const char *name, const QString &caption);
 QPushButton *button(QWidget *parent, const char *name, const QString &caption);
+// A day chosen in a box or from a calendar, shown as "25.11.2026".
+QDateTimeEdit *dateEdit(QWidget *parent, const char *name);
 // A text box that shows each character as "*".
 QLineEdit *passwordBox(QWidget *parent, const char *name);
 

@@ -3,7 +3,7 @@
 #include "FormControls.h"
 #include "MainStatusBar.h"
 #include "MainToolbar.h"
-#include "NotYetWindow.h"
+#include "Raporty.h"
 #include "StationImages.h"
 #include "frmOptions.h"
 
@@ -35,8 +35,11 @@ fmGlowny::fmGlowny(Station &station, LoginPrompt &login, QWidget *parent)
     m_panels.setText(StatusPanels::Mode, QStringLiteral("normalny"));
     m_statusBar = new MainStatusBar(m_panels, StationImages::mainImages(), StationImages::modeImages(), this);
     setStatusBar(m_statusBar);
+    m_reports = std::make_unique<Raporty>(m_station, [this](const QString &name) { return controllerList(name); });
     resize(1000, 720);
 }
+
+fmGlowny::~fmGlowny() = default;
 
 void fmGlowny::load()
 {
@@ -89,25 +92,6 @@ QWidget *fmGlowny::showChild(QWidget *window)
         sub->resize(wanted.size() + sub->size() - window->size());
     m_area->setActiveSubWindow(sub);
     return window;
-}
-
-void fmGlowny::showWindow(const QString &name, const QString &caption, std::function<void()> onClose)
-{
-    if (auto *open = m_area->findChild<NotYetWindow *>(name)) {
-        showChild(open);
-        return;
-    }
-    auto *window = new NotYetWindow(name, caption);
-    window->setOnClose(std::move(onClose));
-    showChild(window);
-}
-
-void fmGlowny::unloadWindow(const QString &name)
-{
-    if (auto *open = m_area->findChild<NotYetWindow *>(name)) {
-        open->setOnClose({}); // unloaded by the program: no second round of its close handling
-        closeChild(open);
-    }
 }
 
 void fmGlowny::closeChild(QWidget *window)

@@ -4,6 +4,7 @@
 #include <QMainWindow>
 #include <QPointer>
 #include <functional>
+#include <memory>
 
 class DataView;
 class LoginPrompt;
@@ -12,6 +13,7 @@ class MainToolbar;
 class PanelView;
 class QMdiArea;
 class QMenu;
+class Raporty;
 class Station;
 class fmpanel;
 class frmDane;
@@ -20,6 +22,10 @@ class fmAlarmyArch;
 class fmStruktura;
 class fmWykresy1;
 class fmWykresy2;
+class fmRapDob;
+class fmRapDobS;
+class fmRapOkres;
+class fmRapOkresS;
 class StatusPanels;
 
 // The frame of the station: menu, toolbar, status bar and the area in which
@@ -29,6 +35,7 @@ class StatusPanels;
 class fmGlowny final : public QMainWindow {
 public:
     fmGlowny(Station &station, LoginPrompt &login, QWidget *parent = nullptr);
+    ~fmGlowny() override;
 
     // The load: the station opens its port with the operator's help (this
     // window offers the options), then the bars are prepared.
@@ -41,6 +48,7 @@ public:
     QAction *entry(const QString &name) const;
     QMenu *menu(const QString &name) const;
     MainToolbar &toolbar() const { return *m_toolbar; }
+    Raporty &reports() const { return *m_reports; }
     MainStatusBar &statusBarPanels() const { return *m_statusBar; }
     QMdiArea &area() const { return *m_area; }
 
@@ -73,20 +81,21 @@ private:
     void askForPort();
     // Runs an operator's command; a run-time error ends the command with its message.
     void guarded(const std::function<void()> &command);
-    // Shows the named child window, or the word that it is not there yet.
-    void showWindow(const QString &name, const QString &caption, std::function<void()> onClose = {});
-    void unloadWindow(const QString &name);
     void openPanel();
     void closePanel();
     void openData();
     // The controller editor, shown; opened anew once the last one was closed.
     frmRegulatory *openEditor();
-    // A window kept while it is open (alarm archive, charts), shown;
-    // created and loaded the first time.
-    template <class Window>
-    Window *openLoaded(QPointer<Window> &window);
+    // A window kept while it is open (alarm archive, charts, report
+    // dialogs), shown; created and loaded the first time.
+    template <class Window, class... Extra>
+    Window *openLoaded(QPointer<Window> &window, Extra &...extra);
     // The object tree, built the first time it is shown.
     void openStructure();
+    // Creates the object tree window when there is none; true when it did.
+    bool createStructure();
+    // The controllers under an object, from the tree (built unseen if need be).
+    QString controllerList(const QString &name);
     // Adds an element under the current one of the object tree.
     void openElementDialog();
     // Closes a child window with the frame around it.
@@ -111,5 +120,10 @@ private:
     QPointer<fmWykresy1> m_dailyChart;
     QPointer<fmWykresy2> m_periodChart;
     QPointer<frmRegulatory> m_editor;
+    std::unique_ptr<Raporty> m_reports;
+    QPointer<fmRapDob> m_dailyReport;
+    QPointer<fmRapDobS> m_objectDailyReport;
+    QPointer<fmRapOkres> m_periodReport;
+    QPointer<fmRapOkresS> m_objectPeriodReport;
     bool m_closing = false;
 };

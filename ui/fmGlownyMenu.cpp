@@ -11,6 +11,11 @@
 #include "fmStruktura.h"
 #include "fmWykresy1.h"
 #include "fmWykresy2.h"
+#include "fmRapDob.h"
+#include "fmRapDobS.h"
+#include "fmRapOkres.h"
+#include "fmRapOkresS.h"
+#include "Raporty.h"
 #include "frmElStrukt.h"
 #include "frmSplash.h"
 
@@ -74,7 +79,7 @@ void fmGlowny::buildMenus()
     addEntry(stopien, "mnuRegulBatTestuj", "&Testuj stopień", {}); // enabled in control mode, does nothing
     addEntry(regul, "mnunic2", "-", {});
     addEntry(regul, "mnuRegRapDob", "&Raport z akt. doby",
-             [this] { showWindow(QStringLiteral("RaportDobowyRegulatora"), QStringLiteral("Raport dobowy")); });
+             [this] { m_reports->RaportDobowyRegulatora(m_station.now().date(), m_station.oApp.NrAktRegulatora); });
     addEntry(regul, "mnyRegWykrDob", "&Wykres z akt. doby", [this] { openLoaded(m_dailyChart)->btnWykreslClick(); });
     addEntry(regul, "mnuRegulAlarmy", "&Alarmy z doby", [this] { openLoaded(m_archive)->WczytajAlarmy(); });
     addEntry(regul, "mnunic4", "-", {});
@@ -173,17 +178,17 @@ void fmGlowny::ToolbarAction(const QString &Key, bool Value)
 void fmGlowny::WyswRaportDobowy()
 {
     if (m_station.oApp.AktTypEl == QLatin1String("R"))
-        showWindow(QStringLiteral("fmRapDob"), QStringLiteral("Raport dobowy"));
+        openLoaded(m_dailyReport, *m_reports);
     else
-        showWindow(QStringLiteral("fmRapDobS"), QStringLiteral("Raport dobowy"));
+        openLoaded(m_objectDailyReport, *m_reports);
 }
 
 void fmGlowny::WyswRaportOkresowy()
 {
     if (m_station.oApp.AktTypEl == QLatin1String("R"))
-        showWindow(QStringLiteral("fmRapOkres"), QStringLiteral("Raport okresowy"));
+        openLoaded(m_periodReport, *m_reports);
     else
-        showWindow(QStringLiteral("fmRapOkresS"), QStringLiteral("Raport okresowy"));
+        openLoaded(m_objectPeriodReport, *m_reports);
 }
 
 void fmGlowny::PokazPanel(bool pokaz)
@@ -239,11 +244,11 @@ frmRegulatory *fmGlowny::openEditor()
     return m_editor;
 }
 
-template <class Window>
-Window *fmGlowny::openLoaded(QPointer<Window> &window)
+template <class Window, class... Extra>
+Window *fmGlowny::openLoaded(QPointer<Window> &window, Extra &...extra)
 {
     if (!window) {
-        auto created = std::make_unique<Window>(m_station); // a load that fails leaves no window
+        auto created = std::make_unique<Window>(m_station, extra...); // a load that fails leaves no window
         created->load();
         window = created.release();
     }
@@ -251,17 +256,29 @@ Window *fmGlowny::openLoaded(QPointer<Window> &window)
     return window;
 }
 
+bool fmGlowny::createStructure()
+{
+    if (m_structure)
+        return false;
+    m_structure = new fmStruktura(m_station, this);
+    m_structure->setPopupHandler([this](const QString &name, const QPoint &at) { menu(name)->popup(at); });
+    m_structure->setDailyReportOpener([this] { openLoaded(m_objectDailyReport, *m_reports); });
+    return true;
+}
+
 void fmGlowny::openStructure()
 {
-    if (!m_structure) {
-        m_structure = new fmStruktura(m_station);
-        m_structure->setPopupHandler([this](const QString &name, const QPoint &at) { menu(name)->popup(at); });
-        m_structure->setDailyReportOpener([this] { showWindow(QStringLiteral("fmRapDobS"), QStringLiteral("Raport dobowy")); });
-        showChild(m_structure);
-        m_structure->LadujObiekty(); // a tree that fails to build shows what it has, with the error
-        return;
-    }
+    const bool created = createStructure();
     showChild(m_structure);
+    if (created)
+        m_structure->LadujObiekty(); // a tree that fails to build shows what it has, with the error
+}
+
+QString fmGlowny::controllerList(const QString &name)
+{
+    if (createStructure())
+        m_structure->LadujObiekty();
+    return m_structure->WezListeRegul(name);
 }
 
 void fmGlowny::openElementDialog()

@@ -30,7 +30,9 @@ struct AnsweringLogin final : LoginPrompt {
 // On the scripted line, or on the simulated one with T1 and T2 at their addresses.
 struct UiRig {
     enum class Line { Scripted, Simulated };
-    explicit UiRig(Line kind = Line::Scripted) : s(prepare(kind))
+    // `start`: the clock's time at the start (the clock does not jump later:
+    // the polling would catch up on every tick in between).
+    explicit UiRig(Line kind = Line::Scripted, ZDate start = {}) : s(prepare(kind, start))
     {
         f.createDatabase();
         f.addController(QStringLiteral("T1"), 1);
@@ -69,8 +71,10 @@ struct UiRig {
         QTest::mouseClick(view->viewport(), button, {}, view->visualItemRect(*it).center());
     }
 
-    Station &prepare(Line kind)
+    Station &prepare(Line kind, ZDate start)
     {
+        if (!start.isZero())
+            f.clock.set(start);
         if (kind == Line::Simulated) {
             simLine = std::make_unique<SimulatedLine>(f.clock);
             for (int adres : {1, 2}) {
