@@ -8,8 +8,9 @@ class Database;
 // A station database with a long archive of many controllers, shared by the
 // report benches: controllers at addresses 1..N, each with a sample every
 // 15 minutes for Y years from 1 January 2015, written in time order (all
-// controllers of one moment together) as the station writes them. A file
-// once filled is reused by the next run.
+// controllers of one moment together) as the station writes them, and their
+// daily roll-ups. A file once filled is reused by the next run, upgraded
+// first when its schema is older than the program's.
 namespace LargeArchive {
 
 struct Size {
@@ -28,6 +29,8 @@ struct Outcome {
     qint64 rows = 0;
     double insertSeconds = 0; // samples written
     double indexSeconds = 0;  // Pomiary's indexes built after them
+    double rollupSeconds = 0; // the daily roll-ups built from them
+    double upgradeSeconds = 0; // a reused archive of an older schema upgraded
 };
 
 // The controller's code in Regulatory: "R001" for address 1.

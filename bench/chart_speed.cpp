@@ -156,6 +156,8 @@ void reportArchive(QTextStream &out, const Options &o, const LargeArchive::Outco
     out << "fill_s: " << QString::number(a.insertSeconds + a.indexSeconds, 'f', 1) << " s\n";
     out << "fill_insert_s: " << QString::number(a.insertSeconds, 'f', 1) << " s\n";
     out << "fill_index_s: " << QString::number(a.indexSeconds, 'f', 1) << " s\n";
+    out << "fill_rollup_s: " << QString::number(a.rollupSeconds, 'f', 1) << " s\n";
+    out << "upgrade_s: " << QString::number(a.upgradeSeconds, 'f', 1) << " s\n";
     out << "rows: " << a.rows << " rows\n";
     out << "db_size: " << QString::number(double(QFileInfo(o.file).size()) / 1e6, 'f', 1) << " MB\n";
 }

@@ -145,6 +145,8 @@ void reportArchive(QTextStream &out, const QString &prefix, const LargeArchive::
     out << prefix << "archive_rows: " << a.rows << " rows\n";
     out << prefix << "archive_reused: " << (a.reused ? 1 : 0) << " bool\n";
     out << prefix << "fill_s: " << QString::number(a.insertSeconds + a.indexSeconds, 'f', 1) << " s\n";
+    out << prefix << "rollup_fill_s: " << QString::number(a.rollupSeconds, 'f', 1) << " s\n";
+    out << prefix << "upgrade_s: " << QString::number(a.upgradeSeconds, 'f', 1) << " s\n";
     out.flush();
 }
 

@@ -1,6 +1,7 @@
 #include "db/Database.h"
 
 #include "base/RunTimeError.h"
+#include "db/StatementObserver.h"
 
 #include <QAtomicInt>
 #include <QFileInfo>
@@ -70,6 +71,7 @@ QSqlQuery Database::exec(const SqlStatement &statement)
 {
     QVariantList binds;
     const QString sql = statement.render(*m_dialect, &binds);
+    StatementObserver::notify(sql);
     QSqlQuery q(m_db);
     q.setForwardOnly(true);
     if (!q.prepare(sql))
@@ -96,6 +98,7 @@ qint64 Database::insert(const SqlStatement &statement, const QString &keyColumn)
 
 void Database::execText(const QString &sql)
 {
+    StatementObserver::notify(sql);
     QSqlQuery q(m_db);
     if (!q.exec(sql))
         fail(QStringLiteral("Błąd zapytania \"%1\"").arg(sql), q.lastError().text());

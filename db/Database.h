@@ -36,6 +36,18 @@ public:
     void transaction();
     void commit();
     void rollback();
+    // Runs work in a transaction of its own: committed when it returns, rolled back when it throws.
+    template <typename Work> void inTransaction(Work work)
+    {
+        transaction();
+        try {
+            work();
+            commit();
+        } catch (...) {
+            rollback();
+            throw;
+        }
+    }
 
     const SqlDialect &dialect() const { return *m_dialect; }
     const DatabaseConfig &config() const { return m_config; }

@@ -1,5 +1,6 @@
 #include "db/SampleStore.h"
 
+#include "db/DailyRollup.h"
 #include "db/Database.h"
 #include "db/SqlStatement.h"
 
@@ -59,7 +60,9 @@ void SampleStore::ZapiszPomiar(const StoredSample &sample)
 
 void SampleStore::appendSample(const StoredSample &sample)
 {
-    m_connection().exec(insertSample(sample));
+    Database &db = m_connection();
+    db.exec(insertSample(sample));
+    db.exec(DailyRollup::addSample(sample));
 }
 
 void SampleStore::setBase(const StoredSample &sample)

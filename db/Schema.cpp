@@ -1,7 +1,11 @@
 #include "db/Schema.h"
 
+#include "db/DailyRollup.h"
 #include "db/Database.h"
 #include "db/SchemaVersion.h"
+
+#include <algorithm>
+#include <stdexcept>
 
 namespace Schema {
 
@@ -57,6 +61,9 @@ std::vector<Table> buildTables()
         {"Hierarchia",
          {{"kod_obiektu", T::Text, {}}, {"kod_obiektu_nad", T::Text, {}}, {"typ", T::Text, {}}},
          {{"ix_Hierarchia_kod_obiektu", "kod_obiektu"}}},
+        {DailyRollup::TableName, DailyRollup::columns(),
+         // an object's days: its controllers' rows of those days only
+         {{"ux_PomiaryDzien_Adres_Dzien", "Adres, Dzien", true}, {"ix_PomiaryDzien_Dzien", "Dzien"}}, 3},
     };
 }
 
@@ -76,18 +83,31 @@ const std::vector<Table> &tables()
     return all;
 }
 
+const Table &table(const QString &name)
+{
+    for (const Table &t : tables())
+        if (t.name == name)
+            return t;
+    throw std::out_of_range("no such table");
+}
+
+QStringList createStatements(const Table &t, const SqlDialect &dialect)
+{
+    QStringList cols;
+    for (const Column &c : t.columns)
+        cols << columnDefinition(c, dialect);
+    QStringList out{QStringLiteral("CREATE TABLE %1 (%2)").arg(t.name, cols.join(QStringLiteral(", ")))};
+    for (const Index &i : t.indexes)
+        out << QStringLiteral("CREATE %1INDEX %2 ON %3 (%4)")
+                   .arg(i.unique ? QStringLiteral("UNIQUE ") : QString(), i.name, t.name, i.columns);
+    return out;
+}
+
 QStringList createStatements(const SqlDialect &dialect)
 {
     QStringList out = dialect.schemaPreamble();
-    for (const Table &t : tables()) {
-        QStringList cols;
-        for (const Column &c : t.columns)
-            cols << columnDefinition(c, dialect);
-        out << QStringLiteral("CREATE TABLE %1 (%2)").arg(t.name, cols.join(QStringLiteral(", ")));
-        for (const Index &i : t.indexes)
-            out << QStringLiteral("CREATE %1INDEX %2 ON %3 (%4)")
-                       .arg(i.unique ? QStringLiteral("UNIQUE ") : QString(), i.name, t.name, i.columns);
-    }
+    for (const Table &t : tables())
+        out << createStatements(t, dialect);
     return out;
 }
 
@@ -115,11 +135,16 @@ void dropAll(Database &db)
             db.execText(QStringLiteral("DROP TABLE ") + name);
 }
 
+bool hasAnyTable(Database &db)
+{
+    return std::any_of(tables().begin(), tables().end(), [&](const Table &t) { return db.tableExists(t.name); });
+}
+
 QStringList missingTables(Database &db)
 {
     QStringList missing;
     for (const Table &t : tables())
-        if (!db.tableExists(t.name))
+        if (t.since == 0 && !db.tableExists(t.name))
             missing << t.name;
     return missing;
 }

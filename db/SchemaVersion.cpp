@@ -20,7 +20,10 @@ void write(Database &db, int version)
     db.exec(s);
 }
 
-// Step n moves a database from version n to n + 1.
+// Versions up to this one are reached in one transaction.
+constexpr int Transactional = 2;
+
+// Step n moves a database from version n to n + 1, up to Transactional.
 const std::vector<std::function<void(Database &)>> &steps()
 {
     static const std::vector<std::function<void(Database &)>> all = {
@@ -62,22 +65,21 @@ void stamp(Database &db)
     write(db, Current);
 }
 
-int upgrade(Database &db)
+int upgrade(Database &db, const RollupUpgrade::Progress &progress)
 {
     const int from = of(db);
     if (from > Current)
         throw tooNew(from);
-    if (from == Current)
-        return from;
-    db.transaction();
-    try {
-        for (int v = from; v < Current; ++v)
-            steps().at(std::size_t(v))(db);
-        write(db, Current);
-        db.commit();
-    } catch (...) {
-        db.rollback();
-        throw;
+    if (from < Transactional)
+        db.inTransaction([&] {
+            for (int v = from; v < Transactional; ++v)
+                steps().at(std::size_t(v))(db);
+            write(db, Transactional);
+        });
+    if (from < Current) {
+        // 2 -> 3: the daily roll-ups, built from the samples
+        RollupUpgrade::build(db, progress);
+        db.inTransaction([&] { write(db, Current); });
     }
     return from;
 }
@@ -87,6 +89,11 @@ void check(Database &db)
     const int version = of(db);
     if (version > Current)
         throw tooNew(version);
+    if (version < Current)
+        throw RunTimeError::database(QStringLiteral("Baza danych ma schemat w wersji %1, starszej niż ten program "
+                                                    "(wersja %2). Proszę ją uaktualnić poleceniem zorbel-admin upgrade.")
+                                         .arg(version)
+                                         .arg(Current));
 }
 
 }

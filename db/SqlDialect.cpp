@@ -35,6 +35,7 @@ public:
     {
         return QStringLiteral("(substr(%1,9,2)||'/'||substr(%1,6,2)||'/'||substr(%1,3,2))").arg(c);
     }
+    QString dayStart(const QString &c) const override { return QStringLiteral("(substr(%1,1,10)||' 00:00:00')").arg(c); }
     QString doubleSum(const QString &c) const override { return QStringLiteral("SUM(%1)").arg(c); }
     // a division by zero is NULL here already
     QString ratio(const QString &a, const QString &b) const override { return QStringLiteral("%1/%2").arg(a, b); }
@@ -74,6 +75,7 @@ public:
     {
         return QStringLiteral("(to_char(%1, 'DD/MM/YY') COLLATE \"C\")").arg(c);
     }
+    QString dayStart(const QString &c) const override { return QStringLiteral("date_trunc('day', %1)").arg(c); }
     QString doubleSum(const QString &c) const override { return QStringLiteral("SUM(CAST(%1 AS double precision))").arg(c); }
     // a division by zero would fail the whole query: NULL for it, as SQLite gives
     QString ratio(const QString &a, const QString &b) const override

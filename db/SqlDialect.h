@@ -31,6 +31,8 @@ public:
 
     // A date column as day-first text "dd/mm/yy", ordered as that text.
     virtual QString dayFirstText(const QString &column) const = 0;
+    // Midnight at the start of a date column's day, as the engine keeps dates.
+    virtual QString dayStart(const QString &column) const = 0;
     // SUM of a column in double precision.
     virtual QString doubleSum(const QString &column) const = 0;
     // a / b in double precision, NULL where b is 0.

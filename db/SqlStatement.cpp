@@ -38,6 +38,18 @@ SqlStatement &SqlStatement::ratio(const QString &a, const QString &b)
     return *this;
 }
 
+SqlStatement &SqlStatement::typeName(SqlDialect::ColumnType type)
+{
+    m_pieces.push_back({Piece::TypeName, {}, int(type), {}});
+    return *this;
+}
+
+SqlStatement &SqlStatement::dayStart(const QString &column)
+{
+    m_pieces.push_back({Piece::DayStart, column, {}, {}});
+    return *this;
+}
+
 QString SqlStatement::render(const SqlDialect &dialect, QVariantList *binds) const
 {
     QString sql;
@@ -62,6 +74,12 @@ QString SqlStatement::render(const SqlDialect &dialect, QVariantList *binds) con
             break;
         case Piece::Ratio:
             sql += dialect.ratio(p.text, p.value.toString());
+            break;
+        case Piece::TypeName:
+            sql += dialect.columnType(SqlDialect::ColumnType(p.value.toInt()));
+            break;
+        case Piece::DayStart:
+            sql += dialect.dayStart(p.text);
             break;
         }
     }

@@ -1,13 +1,12 @@
 #pragma once
 
 #include "base/ZDate.h"
+#include "db/SqlDialect.h"
 
 #include <QString>
 #include <QVariant>
 #include <QVariantList>
 #include <vector>
-
-class SqlDialect;
 
 // A query kept as its pieces: text of the query itself, and values that are
 // bound as parameters when the statement is prepared. A value can therefore
@@ -27,13 +26,17 @@ public:
     SqlStatement &sum(const QString &column);
     // a / b in double precision; NULL where b is 0, as SQLite answers it.
     SqlStatement &ratio(const QString &a, const QString &b);
+    // The engine's name of a column type, for a CAST.
+    SqlStatement &typeName(SqlDialect::ColumnType type);
+    // Midnight at the start of a date column's day, as a date.
+    SqlStatement &dayStart(const QString &column);
 
     // The text for the engine, with '?' in place of each value, and the values in order.
     QString render(const SqlDialect &dialect, QVariantList *binds) const;
 
 private:
     struct Piece {
-        enum Kind { Text, Value, Date, DayFirstText, Sum, Ratio } kind;
+        enum Kind { Text, Value, Date, DayFirstText, Sum, Ratio, TypeName, DayStart } kind;
         QString text;
         QVariant value;
         ZDate date;

@@ -7,16 +7,17 @@
 
 SqlStatement PeriodChart::query(std::int16_t adres, QDate first, QDate last)
 {
+    // a row a day from the controller's roll-ups
     SqlStatement q(QStringLiteral("Select  "));
-    q.dayFirstText(QStringLiteral("Data")) << " as MData, ";
-    q.sum(QStringLiteral("EnCzynna")) << " as SumEnCzynna, ";
-    q.sum(QStringLiteral("EnBiernaCalk")) << " as SumEnBiernaCalk from Pomiary where Adres = ";
-    q.value(adres) << " and Data >= ";
-    q.date(ZDate::startOf(first)) << " and Data < ";
+    q.dayFirstText(QStringLiteral("Dzien")) << " as MData, ";
+    q.sum(QStringLiteral("EnCzynnaSuma")) << " as SumEnCzynna, ";
+    q.sum(QStringLiteral("EnBiernaCalkSuma")) << " as SumEnBiernaCalk from PomiaryDzien where Adres = ";
+    q.value(adres) << " and Dzien >= ";
+    q.date(ZDate::startOf(first)) << " and Dzien < ";
     q.date(ZDate::startOf(last.addDays(1))) << " " << " GROUP BY ";
     // kept: ordered by the day-first text, not by time
-    q.dayFirstText(QStringLiteral("Data")) << " order by ";
-    q.dayFirstText(QStringLiteral("Data"));
+    q.dayFirstText(QStringLiteral("Dzien")) << " order by ";
+    q.dayFirstText(QStringLiteral("Dzien"));
     return q;
 }
 

@@ -17,37 +17,47 @@ SqlStatement dailyColumns(const QString &from)
     return q;
 }
 
-// A sample's tg fi with 0 where EnCzynna is 0: the 0 counts in AVG and MIN.
-void guardedTgFi(SqlStatement &q)
+// A day's average of a measure over all its samples, NULL without any.
+void average(SqlStatement &q, const QString &measure)
 {
-    q << "(CASE WHEN EnCzynna<>0 THEN ";
-    q.ratio(QStringLiteral("EnBiernaCalk"), QStringLiteral("EnCzynna")) << " ELSE 0 END)";
+    q.ratio(QStringLiteral("SUM(PomiaryDzien.%1Suma)").arg(measure), QStringLiteral("SUM(PomiaryDzien.%1Ile)").arg(measure));
 }
 
+// The least or greatest of a single-precision measure, in the type of its samples.
+void extreme(SqlStatement &q, const char *function, const QString &column)
+{
+    q << "CAST(" << function << "(PomiaryDzien." << column << ") AS ";
+    q.typeName(SqlDialect::ColumnType::Single) << ")";
+}
+
+// Each day's figures from the roll-ups: sums add, averages weigh every sample
+// alike. The columns are named with their table: the aliases repeat their names.
 SqlStatement periodColumns(const QString &from)
 {
     SqlStatement q(QStringLiteral("Select "));
-    q.dayFirstText(QStringLiteral("data")) << " as data, ";
-    q.sum(QStringLiteral("EnCzynna")) << " as EnCzynnaSuma, ";
-    q.sum(QStringLiteral("EnBiernaCalk-EnBiernaPoj")) << " as EnBiernaSuma, ";
-    for (const char *f : {"AVG", "MIN", "MAX"}) {
-        q << f << "(";
-        guardedTgFi(q);
-        q << ") as " << (f == QLatin1String("AVG") ? "tgfiSr, " : f == QLatin1String("MIN") ? "tgfiMin," : "tgfiMaks, ");
+    q.dayFirstText(QStringLiteral("Dzien")) << " as data, ";
+    q.sum(QStringLiteral("PomiaryDzien.EnCzynnaSuma")) << " as EnCzynnaSuma, ";
+    q.sum(QStringLiteral("PomiaryDzien.EnBiernaSuma")) << " as EnBiernaSuma, ";
+    average(q, QStringLiteral("TgFi"));
+    q << " as tgfiSr, MIN(PomiaryDzien.TgFiMin) as tgfiMin, MAX(PomiaryDzien.TgFiMax) as tgfiMaks, ";
+    q.sum(QStringLiteral("PomiaryDzien.EnBiernaPojSuma")) << " as EnBiernaPojSuma";
+    for (const QString &m : {QStringLiteral("Napiecie"), QStringLiteral("Czestotliwosc"), QStringLiteral("PradCalk")}) {
+        q << ", ";
+        average(q, m);
+        q << " as " << m << "Sr, ";
+        extreme(q, "MIN", m + QLatin1String("Min"));
+        q << " as " << m << "Min, ";
+        extreme(q, "MAX", m + QLatin1String("Max"));
+        q << " as " << m << "Maks";
     }
-    q.sum(QStringLiteral("EnBiernaPoj")) << " as EnBiernaPojSuma,";
-    q << "AVG(Napiecie) as NapiecieSr, MIN(Napiecie) as NapiecieMin, MAX(Napiecie) as NapiecieMaks, "
-         "AVG(Czestotliwosc) as CzestotliwoscSr,"
-         "MIN(Czestotliwosc) as CzestotliwoscMin, MAX(Czestotliwosc) as CzestotliwoscMaks, AVG(PradCalk) as PradCalkSr,"
-         "MIN(PradCalk) as PradCalkMin, MAX(PradCalk) as PradCalkMaks"
-      << from;
+    q << from;
     return q;
 }
 
-void range(SqlStatement &q, QDate first, QDate last)
+void range(SqlStatement &q, QDate first, QDate last, const QString &column = QStringLiteral("data"))
 {
     q << " ";
-    q.date(ZDate::startOf(first)) << " and data <";
+    q.date(ZDate::startOf(first)) << " and " << column << " <";
     q.date(ZDate::startOf(last.addDays(1)));
 }
 
@@ -55,8 +65,8 @@ void range(SqlStatement &q, QDate first, QDate last)
 void byDay(SqlStatement &q)
 {
     q << " GROUP BY ";
-    q.dayFirstText(QStringLiteral("data")) << " order by ";
-    q.dayFirstText(QStringLiteral("data"));
+    q.dayFirstText(QStringLiteral("Dzien")) << " order by ";
+    q.dayFirstText(QStringLiteral("Dzien"));
 }
 
 }
@@ -94,8 +104,8 @@ SqlStatement ReportQueries::dailyOfObject(QDate day, const QString &condition)
 
 SqlStatement ReportQueries::periodOfController(QDate first, QDate last, std::int16_t adres)
 {
-    SqlStatement q = periodColumns(QStringLiteral(" from Pomiary where data >="));
-    range(q, first, last);
+    SqlStatement q = periodColumns(QStringLiteral(" from PomiaryDzien where Dzien >="));
+    range(q, first, last, QStringLiteral("Dzien"));
     q << " and adres = ";
     q.value(adres);
     byDay(q);
@@ -104,8 +114,9 @@ SqlStatement ReportQueries::periodOfController(QDate first, QDate last, std::int
 
 SqlStatement ReportQueries::periodOfObject(QDate first, QDate last, const QString &condition)
 {
-    SqlStatement q = periodColumns(ObjectJoin);
-    range(q, first, last);
+    SqlStatement q = periodColumns(QStringLiteral(" from PomiaryDzien LEFT JOIN Regulatory ON PomiaryDzien.adres = "
+                                                  "Regulatory.adres where Dzien >="));
+    range(q, first, last, QStringLiteral("Dzien"));
     q << " AND (" << condition << ")";
     byDay(q);
     return q;

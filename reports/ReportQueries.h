@@ -9,7 +9,8 @@
 // The queries of the daily and the period reports, for a controller (by its
 // address) or for an object of the structure (by a condition on the
 // controllers' codes). The first day is included, the bound after the last
-// is not; dates are bound as values.
+// is not; dates are bound as values. The period reports read the daily
+// roll-ups (PomiaryDzien) rather than every sample.
 namespace ReportQueries {
 
 // "kod='A' OR kod='B'" from the tree's list "'A','B'"; empty for an empty

@@ -275,7 +275,7 @@ private slots:
     {
         TestEnv env;
         StationFixture f(QStringLiteral("zorbel.db"));
-        f.createDatabase().execText(QStringLiteral("DROP TABLE WersjaSchematu"));
+        f.createDatabase();
         f.addController(QStringLiteral("ZETA"), 2, {{"NapieciePomiar", 500}});
         f.addController(QStringLiteral(" ALFA "), 7,
                         {{"NapieciePomiar", 100}, {"ProgPrad", QVariant()}, {"aktywny", "tak"}});
@@ -319,6 +319,9 @@ private slots:
         QTest::newRow("table missing") << "DROP TABLE OstPomiar" << QStringList() << QVariantMap() << db << "OstPomiar";
         QTest::newRow("newer schema") << "UPDATE WersjaSchematu SET wersja = 99" << QStringList() << QVariantMap() << db
                                       << "w wersji 99, nowszej";
+        QTest::newRow("older schema") << "UPDATE WersjaSchematu SET wersja = 2" << QStringList() << QVariantMap() << db
+                                      << "w wersji 2, starszej niż ten program (wersja 3). Proszę ją uaktualnić "
+                                         "poleceniem zorbel-admin upgrade.";
         QTest::newRow("null") << "SELECT 1" << QStringList{"K1"} << QVariantMap{{"Przekladnia", QVariant()}}
                               << int(RunTimeError::InvalidUseOfNull)
                               << "tabela Regulatory, kolumna Przekladnia, Kod \"K1\"";

@@ -1,4 +1,5 @@
 #include "ReportArchive.h"
+#include "TestDatabases.h"
 
 #include "db/Database.h"
 #include "db/Schema.h"
@@ -48,6 +49,7 @@ void ReportArchive::fill(Database &db)
             q << ", " << (v.isNull() ? "NULL" : QString::number(v.toDouble()));
         db.exec(q << ")");
     }
+    TestDatabases::rollUpAgain(db);
 }
 
 QByteArray ReportArchive::golden(const QString &name)

@@ -36,6 +36,7 @@ void add(Database &db, const QList<Sample> &samples)
         q.value(s.reactive.isValid() ? s.reactive : QVariant()) << ")";
         db.exec(q);
     }
+    TestDatabases::rollUpAgain(db);
 }
 
 ZDate at(QDate day, int hour, int minute, int second = 0)

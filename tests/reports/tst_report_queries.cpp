@@ -39,6 +39,7 @@ void fill(Database &db, const QList<Sample> &samples)
         q.value(s.volts) << ")";
         db.exec(q);
     }
+    TestDatabases::rollUpAgain(db);
 }
 
 // The named columns of every row, "-" for NULL, numbers to 4 places.

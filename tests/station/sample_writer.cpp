@@ -1,6 +1,7 @@
 // Writes samples of one controller as fast as it can, each counter one unit
 // above the last, continuing from what the database holds. The kill test
-// ends it at random moments; it never ends by itself.
+// ends it at random moments; it never ends by itself. A sample every quarter
+// hour, so that the kills fall on many days' roll-ups.
 #include "StationFixture.h"
 
 #include <QCoreApplication>
@@ -18,7 +19,7 @@ int main(int argc, char *argv[])
         const float next = r.PopPradCzynny + 1;
         r.PradCzynny = r.PradBiernSr = next;
         r.PradBiernPojSr = -next;
-        r.OstatniOdczyt = r.OstatniOdczyt.isZero() ? ZDate::fromParts(2026, 1, 1) : r.OstatniOdczyt.addMinutes(1);
+        r.OstatniOdczyt = r.OstatniOdczyt.isZero() ? ZDate::fromParts(2026, 1, 1) : r.OstatniOdczyt.addMinutes(15);
         r.ZapiszDaneDB();
         if (!f.dialogs.calls.isEmpty()) {
             std::fprintf(stderr, "%s\n", qPrintable(f.dialogs.calls.first().prompt));

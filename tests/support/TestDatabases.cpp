@@ -1,5 +1,6 @@
 #include "TestDatabases.h"
 
+#include "db/DailyRollup.h"
 #include "db/Database.h"
 #include "db/Schema.h"
 
@@ -13,6 +14,12 @@ void addEngineRows()
     QTest::addColumn<int>("engine");
     QTest::newRow("sqlite") << 0;
     QTest::newRow("postgresql") << 1;
+}
+
+void rollUpAgain(Database &db)
+{
+    db.execText(QStringLiteral("DELETE FROM PomiaryDzien"));
+    db.exec(DailyRollup::rollUp(ZDate(), ZDate::fromParts(9999, 1, 1)));
 }
 
 DatabaseConfig fetchEmpty(const QString &sqliteFile)

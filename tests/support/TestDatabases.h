@@ -4,6 +4,8 @@
 
 #include <QString>
 
+class Database;
+
 // The engines a database test runs on: SQLite always, in the test's own
 // directory; PostgreSQL when ZORBEL_TEST_PG_URL names a server for tests.
 namespace TestDatabases {
@@ -13,6 +15,8 @@ void addEngineRows();
 // The configuration of the current row's engine, or QSKIP when the
 // server is not available. The database starts without station tables.
 DatabaseConfig fetchEmpty(const QString &sqliteFile = QStringLiteral("zorbel.db"));
+// The daily roll-ups made again from every sample: for archives filled straight into Pomiary.
+void rollUpAgain(Database &db);
 
 }
 

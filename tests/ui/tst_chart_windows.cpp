@@ -1,4 +1,5 @@
 #include "TestMain.h"
+#include "TestDatabases.h"
 #include "UiRig.h"
 
 #include "ChartView.h"
@@ -26,6 +27,7 @@ class ChartWindowsTest : public QObject {
         q.value(active) << ", ";
         q.value(reactive) << ")";
         rig.s.connection().exec(q);
+        TestDatabases::rollUpAgain(rig.s.connection());
     }
     static int points(const QList<QLineSeries *> &segments)
     {

@@ -1,4 +1,5 @@
 #include "TestMain.h"
+#include "TestDatabases.h"
 #include "UiRig.h"
 
 #include "Raporty.h"
@@ -45,6 +46,7 @@ class ReportDialogsTest : public QObject {
         q.value(adres) << ", ";
         q.date(when) << ", 4, 1)";
         rig.s.connection().exec(q);
+        TestDatabases::rollUpAgain(rig.s.connection());
     }
     static void click(QWidget *dialog, const char *button)
     {

@@ -39,10 +39,11 @@ const char *const Summary = R"(Tworzy bazę danych stacji Zorbel w SQLite albo w
 i zapisuje z niej alarmy regulatora i raporty.
 
 Polecenia:
-  init     pusta baza danych stacji (sześć tabel)
+  init     pusta baza danych stacji (siedem tabel)
   demo     instalacja pokazowa: regulatory i drzewo obiektów
   upgrade  przenosi schemat starszej bazy do wersji tego programu
-           (w jednej transakcji; dane zostają)
+           (dane zostają; dobowe zestawienia PomiaryDzien buduje miesiącami,
+           a przerwane polecenie wznowione dokończy je)
   alarms   zapisuje alarmy regulatora z podanych dni w pliku CSV albo PDF, np.
            alarms --kod R05 --from 2026-11-01 --to 2026-11-30 --pdf alarmy.pdf
   report daily|period
@@ -138,8 +139,7 @@ bool AdminTool::prepare(const Options &o, Database &db)
     }
     db.open(Database::OpenMode::CreateIfMissing);
     if (!sqlite) {
-        const QStringList missing = Schema::missingTables(db);
-        if (missing.size() < int(Schema::tables().size())) {
+        if (Schema::hasAnyTable(db)) {
             if (!o.force) {
                 m_err << "zorbel-admin: baza " << o.config.describe()
                       << " ma już tabele stacji (użyj --force, aby je zastąpić)\n";
@@ -183,7 +183,13 @@ int AdminTool::upgrade(const Options &o)
               << " (pustą bazę tworzy polecenie init)" << Qt::endl;
         return 1;
     }
-    const int from = SchemaVersion::upgrade(db);
+    bool shown = false;
+    const int from = SchemaVersion::upgrade(db, [&](int percent, const QString &month) {
+        m_err << "\rPomiaryDzien: " << percent << "% (" << month << ")" << Qt::flush;
+        shown = true;
+    });
+    if (shown)
+        m_err << Qt::endl;
     if (from == SchemaVersion::Current)
         m_out << "Schemat bazy " << o.config.describe() << " jest już w wersji " << from << Qt::endl;
     else
