@@ -17,6 +17,15 @@ Database &StationFixture::createDatabase()
     return *m_db;
 }
 
+Database &StationFixture::openDatabase()
+{
+    DatabaseConfig c;
+    c.file = m_file;
+    m_db = std::make_unique<Database>(c);
+    m_db->open();
+    return *m_db;
+}
+
 void StationFixture::addController(const QString &kod, int adres, const QVariantMap &overrides)
 {
     QVariantMap row = {

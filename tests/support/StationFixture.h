@@ -32,6 +32,8 @@ public:
 
     // Creates the file with the schema (or not, to test its absence).
     Database &createDatabase();
+    // Opens the file as it is, to add rows to a database made elsewhere.
+    Database &openDatabase();
     // A controller row with valid defaults; overrides by column name.
     void addController(const QString &kod, int adres, const QVariantMap &overrides = {});
     void addLastSample(int adres, float popCzynny, float popBiernSr, float popBiernPojSr, int timerU, ZDate czas);
