@@ -3,6 +3,7 @@
 #include "base/CommandLine.h"
 #include "db/ControllerStore.h"
 #include "db/Database.h"
+#include "db/SchemaVersion.h"
 #include "db/HierarchyTree.h"
 #include "reports/ReportBuild.h"
 #include "reports/ReportCsv.h"
@@ -51,6 +52,7 @@ int ReportExport::run(const DatabaseConfig &config, QTextStream &out, QTextStrea
 {
     Database db(config);
     db.open();
+    SchemaVersion::check(db); // an older archive has no day roll-ups: it names the upgrade
     const Made made = m_object.isEmpty() ? ofController(db) : ofObject(db);
     if (!made.table) {
         err << "zorbel-admin: " << made.refusal << Qt::endl;
