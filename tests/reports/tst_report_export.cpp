@@ -68,6 +68,18 @@ private slots:
         QVERIFY2(r.err.contains(expected), qPrintable(r.err));
         QCOMPARE(QDir(env.path()).entryList(QDir::NoDotAndDotDot | QDir::AllEntries), before);
     }
+
+    void reportOnAnArchiveWithoutDayRollUpsNamesTheUpgrade()
+    {
+        TestEnv env;
+        Database db(DatabaseConfig::fromUrl(QStringLiteral("sqlite:zorbel.db")));
+        ReportArchive::fill(db);
+        db.execText(QStringLiteral("UPDATE WersjaSchematu SET wersja = 2"));
+        const AdminRun r = runAdmin({"report", "period", "--kod", "A", "--from", "2026-11-30", "--csv", "r.csv"});
+        QCOMPARE(r.code, 1);
+        QVERIFY2(r.err.contains(QStringLiteral("zorbel-admin upgrade")), qPrintable(r.err));
+        QVERIFY(!QFile::exists(env.file("r.csv")));
+    }
 };
 
 ZORBEL_TEST_MAIN(ReportExportTest)
