@@ -58,6 +58,7 @@ void Database::open(OpenMode mode)
 
 void Database::close()
 {
+    m_prepared.clear();
     if (m_db.isOpen())
         m_db.close();
 }
@@ -76,11 +77,40 @@ QSqlQuery Database::exec(const SqlStatement &statement)
     q.setForwardOnly(true);
     if (!q.prepare(sql))
         fail(QStringLiteral("Błąd zapytania \"%1\"").arg(sql), q.lastError().text());
-    for (const QVariant &v : binds)
-        q.addBindValue(v);
+    execute(q, sql, binds);
+    return q;
+}
+
+int Database::run(const SqlStatement &statement)
+{
+    QVariantList binds;
+    const QString sql = statement.render(*m_dialect, &binds);
+    StatementObserver::notify(sql);
+    QSqlQuery &q = prepared(sql);
+    execute(q, sql, binds);
+    const int touched = q.numRowsAffected();
+    q.finish();
+    return touched;
+}
+
+QSqlQuery &Database::prepared(const QString &sql)
+{
+    auto it = m_prepared.find(sql);
+    if (it != m_prepared.end())
+        return *it;
+    QSqlQuery q(m_db);
+    q.setForwardOnly(true);
+    if (!q.prepare(sql))
+        fail(QStringLiteral("Błąd zapytania \"%1\"").arg(sql), q.lastError().text());
+    return *m_prepared.insert(sql, q);
+}
+
+void Database::execute(QSqlQuery &q, const QString &sql, const QVariantList &binds)
+{
+    for (int i = 0; i < binds.size(); ++i)
+        q.bindValue(i, binds[i]);
     if (!q.exec())
         fail(QStringLiteral("Błąd zapytania \"%1\"").arg(sql), q.lastError().text());
-    return q;
 }
 
 qint64 Database::insert(const SqlStatement &statement, const QString &keyColumn)

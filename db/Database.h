@@ -5,6 +5,7 @@
 #include "db/SqlStatement.h"
 
 #include <QSqlDatabase>
+#include <QHash>
 #include <QSqlQuery>
 #include <memory>
 
@@ -27,6 +28,11 @@ public:
     bool isOpen() const;
 
     QSqlQuery exec(const SqlStatement &statement);
+    // Runs a statement that returns no rows (INSERT, UPDATE, DELETE) and
+    // returns the count of rows it touched. Its prepared form is kept for
+    // the next statement of the same text: the sample written every few
+    // seconds is not parsed and planned anew each time.
+    int run(const SqlStatement &statement);
     // Runs an INSERT and returns the key the database assigned to the new row.
     qint64 insert(const SqlStatement &statement, const QString &keyColumn);
     // Statements the station itself writes out whole (schema, pragmas).
@@ -55,9 +61,12 @@ public:
 
 private:
     [[noreturn]] void fail(const QString &what, const QString &detail) const;
+    QSqlQuery &prepared(const QString &sql);
+    void execute(QSqlQuery &q, const QString &sql, const QVariantList &binds);
 
     DatabaseConfig m_config;
     std::unique_ptr<SqlDialect> m_dialect;
     QString m_connectionName;
     QSqlDatabase m_db;
+    QHash<QString, QSqlQuery> m_prepared; // by statement text, for run()
 };

@@ -61,15 +61,15 @@ void SampleStore::ZapiszPomiar(const StoredSample &sample)
 void SampleStore::appendSample(const StoredSample &sample)
 {
     Database &db = m_connection();
-    db.exec(insertSample(sample));
-    db.exec(DailyRollup::addSample(sample));
+    db.run(insertSample(sample));
+    db.run(DailyRollup::addSample(sample));
 }
 
 void SampleStore::setBase(const StoredSample &sample)
 {
     Database &db = m_connection();
-    if (db.exec(updateBase(sample)).numRowsAffected() < 1)
-        db.exec(insertBase(sample));
+    if (db.run(updateBase(sample)) < 1)
+        db.run(insertBase(sample));
 }
 
 std::vector<StoredSample> SampleStore::bases()
