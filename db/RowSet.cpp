@@ -48,9 +48,15 @@ void RowSet::ensureLoaded()
         throw RunTimeError::database(QStringLiteral("Zbiór wierszy %1 jest zamknięty").arg(m_source));
     QSqlQuery q = m_db.exec(m_query);
     m_layout = q.record();
+    const int columns = m_layout.count();
     m_rows.clear();
-    while (q.next())
-        m_rows.push_back(q.record());
+    while (q.next()) {
+        std::vector<QVariant> row;
+        row.reserve(std::size_t(columns));
+        for (int i = 0; i < columns; ++i)
+            row.push_back(q.value(i));
+        m_rows.push_back(std::move(row));
+    }
     m_loaded = true;
     m_pos = 0; // at the first row; an empty set is at its end and its start at once
 }
@@ -95,24 +101,41 @@ void RowSet::Find(const QString &criterion)
 {
     ensureLoaded();
     const FindCriterion wanted(criterion);
-    if (!m_rows.empty() && m_layout.indexOf(wanted.column()) < 0)
-        throw RunTimeError::database(QStringLiteral("Brak kolumny %1 w %2").arg(wanted.column(), m_source));
+    if (m_rows.empty()) {
+        m_pos = 0;
+        return;
+    }
+    const std::size_t i = std::size_t(column(wanted.column()));
     if (m_pos < 0)
         m_pos = 0;
     for (; m_pos < int(m_rows.size()); ++m_pos)
-        if (wanted.matches(m_rows[std::size_t(m_pos)].value(wanted.column())))
+        if (wanted.matches(m_rows[std::size_t(m_pos)][i]))
             return;
 }
 
 QVariant RowSet::field(const QString &column) const
 {
+    return field(this->column(column));
+}
+
+int RowSet::column(const QString &name) const
+{
+    const int i = m_layout.indexOf(name);
+    if (i < 0)
+        throw RunTimeError::database(QStringLiteral("Brak kolumny %1 w %2").arg(name, m_source));
+    return i;
+}
+
+QVariant RowSet::field(int column) const
+{
+    return current()[std::size_t(column)];
+}
+
+const std::vector<QVariant> &RowSet::current() const
+{
     if (!m_loaded || m_pos < 0 || m_pos >= int(m_rows.size()))
         throw RunTimeError::database(QStringLiteral("Brak bieżącego wiersza w %1").arg(m_source));
-    const QSqlRecord &r = m_rows[std::size_t(m_pos)];
-    const int i = r.indexOf(column);
-    if (i < 0)
-        throw RunTimeError::database(QStringLiteral("Brak kolumny %1 w %2").arg(column, m_source));
-    return r.value(i);
+    return m_rows[std::size_t(m_pos)];
 }
 
 int RowSet::rowCount()
@@ -127,11 +150,11 @@ void RowSet::Delete()
         throw RunTimeError::noCurrentRecord();
     if (m_table.isEmpty() || m_keyColumns.isEmpty())
         throw RunTimeError::database(QStringLiteral("Zbiór wierszy %1 nie pozwala usuwać").arg(m_source));
-    const QSqlRecord &row = m_rows[std::size_t(m_pos)];
+    const std::vector<QVariant> &row = m_rows[std::size_t(m_pos)];
     SqlStatement del(QStringLiteral("DELETE FROM ") + m_table + QStringLiteral(" WHERE "));
     for (qsizetype i = 0; i < m_keyColumns.size(); ++i) {
         del << (i ? QStringLiteral(" AND ") : QString()) << m_keyColumns[i] << QStringLiteral(" = ");
-        del.value(row.value(m_keyColumns[i]));
+        del.value(row[std::size_t(column(m_keyColumns[i]))]);
     }
     m_db.exec(del);
     m_rows.erase(m_rows.begin() + m_pos);

@@ -42,6 +42,10 @@ public:
 
     // A column of the current row, its name compared case-blind.
     QVariant field(const QString &column) const;
+    // The same by the column's place, for a caller that reads many rows:
+    // column() is a run-time error for a name the set has not.
+    int column(const QString &name) const;
+    QVariant field(int column) const;
     int rowCount();
     const QString &source() const { return m_source; }
 
@@ -50,6 +54,7 @@ public:
 
 private:
     void ensureLoaded();
+    const std::vector<QVariant> &current() const;
 
     Database &m_db;
     SqlStatement m_query;
@@ -57,7 +62,7 @@ private:
     QString m_table;
     QStringList m_keyColumns;
     QSqlRecord m_layout;
-    std::vector<QSqlRecord> m_rows;
+    std::vector<std::vector<QVariant>> m_rows; // values only: the names are in m_layout once
     bool m_open = false;
     bool m_loaded = false;
     int m_pos = -1; // -1 before the first row (BOF); size() at the end (EOF)

@@ -11,11 +11,17 @@ void ReportTable::read(RowSet &rows, const QStringList &fields)
 {
     m_fields = fields;
     m_rows.clear();
-    for (rows.MoveFirst(); !rows.EOF_(); rows.MoveNext()) {
+    rows.MoveFirst();
+    if (rows.EOF_())
+        return;
+    std::vector<int> columns;
+    for (const QString &f : fields)
+        columns.push_back(rows.column(f));
+    for (; !rows.EOF_(); rows.MoveNext()) {
         std::vector<QVariant> row;
-        row.reserve(std::size_t(fields.size()));
-        for (const QString &f : fields)
-            row.push_back(rows.field(f));
+        row.reserve(columns.size());
+        for (int c : columns)
+            row.push_back(rows.field(c));
         m_rows.push_back(std::move(row));
     }
 }
