@@ -85,6 +85,9 @@ void ActiveAlarmList::NowyAlarm(ZDate Data, std::int16_t Id, std::int16_t Typ, c
     row.subItems[2] = full;
     row.subItems[5] = text;
     render(row);
+    // kept: every alarm of the run stays in the list, ended and confirmed
+    // ones too; on a line that keeps losing a controller it grows by a row
+    // per lost contact (a few hundred bytes each) until the station restarts
     m_rows.push_back(row);
     const int index = rowCount();
     changed();
