@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # Sets everything up on a Debian 12 machine and runs the demonstration: a
-# demo installation with a week of history in demo/zorbel.db, a simulated
+# demo installation with two months of history in demo/zorbel.db, a simulated
 # bus of its controllers (zorbel-sim) on a pseudo-terminal, and the station
 # polling that bus; one controller runs above its voltage threshold, so an
 # alarm shows.
@@ -22,7 +22,7 @@ cd "$DEMO"
 if [ -f zorbel.db ]; then
   "$BIN/zorbel-admin" upgrade --db sqlite:zorbel.db
 else
-  "$BIN/zorbel-admin" demo --db sqlite:zorbel.db --days 7
+  "$BIN/zorbel-admin" demo --db sqlite:zorbel.db --days 62
 fi
 
 # The station plays its sounds from its working directory.

@@ -2,6 +2,7 @@
 
 #include "base/ZDate.h"
 
+#include <QDate>
 #include <QString>
 #include <vector>
 
@@ -47,6 +48,7 @@ public:
 private:
     static void writeControllers(Database &db);
     static void writeTree(Database &db);
+    static double compensatedTgFi(const Controller &c, QDate day, QDate until);
     static int writeHistory(Database &db, const Controller &c, int days, ZDate until, unsigned seed);
     static int writeAlarms(Database &db, const Controller &c, int days, ZDate until, unsigned seed);
 };
