@@ -5,6 +5,7 @@ set -euo pipefail
 
 PACKAGES=(
   build-essential cmake ninja-build pkg-config
+  dpkg-dev  # dpkg-shlibdeps, for the package's dependencies
   qt6-base-dev qt6-base-dev-tools qt6-serialport-dev qt6-charts-dev qt6-multimedia-dev
   libqt6sql6-sqlite libqt6sql6-psql qt6-qpa-plugins
   libgl-dev libqt6opengl6-dev libxkbcommon-dev

@@ -5,15 +5,14 @@
 #include <QSoundEffect>
 #include <QUrl>
 
-WavePlayer::WavePlayer() = default;
+WavePlayer::WavePlayer(const QString &installed) : m_installed(installed) {}
 WavePlayer::~WavePlayer() = default;
 
 bool WavePlayer::play(const QString &fileName)
 {
-    const QFileInfo file(QDir::current(), fileName);
-    if (fileName.isEmpty() || !file.isFile())
+    const QString path = located(fileName);
+    if (path.isEmpty())
         return false;
-    const QString path = file.absoluteFilePath();
     auto &effect = m_effects[path];
     if (!effect) {
         effect = std::make_unique<QSoundEffect>();
@@ -22,4 +21,17 @@ bool WavePlayer::play(const QString &fileName)
     effect->stop();
     effect->play();
     return true;
+}
+
+QString WavePlayer::located(const QString &fileName) const
+{
+    if (fileName.isEmpty())
+        return {};
+    // QDir of an empty path is the current one again: no harm
+    for (const QDir &dir : {QDir::current(), QDir(m_installed)}) {
+        const QFileInfo file(dir, fileName);
+        if (file.isFile())
+            return file.absoluteFilePath();
+    }
+    return {};
 }

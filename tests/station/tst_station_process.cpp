@@ -37,6 +37,7 @@ private slots:
         QTest::newRow("station refuses") << "zorbel --trigger" << 2
                                          << "zorbel: opcja --trigger wymaga wartości\\nPomoc: zorbel --help\\n$";
         QTest::newRow("station, no database") << "zorbel" << 1 << "zorbel\\.db";
+        QTest::newRow("station, no display") << "zorbel -platform xcb" << 1 << "^zorbel: brak ekranu \\(DISPLAY\\)";
         QTest::newRow("admin version") << "zorbel-admin --version" << 0 << "^zorbel-admin" + version;
         QTest::newRow("admin refuses") << "zorbel-admin init --colour" << 2
                                        << "^zorbel-admin: nieznana opcja --colour\\n";
@@ -53,11 +54,10 @@ private slots:
         TestEnv env;
         QProcess p;
         QProcessEnvironment e = QProcessEnvironment::systemEnvironment();
-        if (exitCode == 0) { // a program that wanted a screen would end here with Qt's complaint
-            e.remove(QStringLiteral("DISPLAY"));
-            e.remove(QStringLiteral("WAYLAND_DISPLAY"));
+        e.remove(QStringLiteral("DISPLAY"));
+        e.remove(QStringLiteral("WAYLAND_DISPLAY"));
+        if (exitCode == 0) // a program that wanted a screen would end here with Qt's complaint
             e.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("xcb"));
-        }
         p.setProcessEnvironment(e);
         const QStringList args = command.split(QLatin1Char(' '));
         p.start(TestEnv::program(args.first()), args.mid(1));

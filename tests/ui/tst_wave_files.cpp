@@ -66,6 +66,14 @@ private slots:
         QDir::setCurrent(TestEnv::program(QString()));
         QVERIFY(player.play(QStringLiteral("alarm.wav")));
     }
+
+    // An installed station started elsewhere still sounds.
+    void aSoundMissingHereIsPlayedFromTheInstalledSounds()
+    {
+        TestEnv env;
+        WavePlayer installed(TestEnv::program(QString()));
+        QVERIFY(installed.play(QStringLiteral("odblokregul.wav")) && !WavePlayer().play(QStringLiteral("odblokregul.wav")));
+    }
 };
 
 ZORBEL_TEST_MAIN(WaveFilesTest)

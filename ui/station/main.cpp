@@ -14,11 +14,13 @@
 #include "base/RunTimeError.h"
 #include "base/SettingsStore.h"
 #include "station/Station.h"
+#include "station/UserDirectory.h"
 #include "link/QtEventPump.h"
 #include "link/StationLine.h"
 #include "model/StatusPanels.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QGuiApplication>
 #include <QMenu>
 #include <cstdio>
@@ -41,7 +43,7 @@ void report(const RunTimeError &e, Dialogs &dialogs)
 struct StationCommandLine {
     StationCommandLine()
     {
-        for (const QCommandLineOption &o : {screenshot, screenshotAfter, trigger})
+        for (const QCommandLineOption &o : {userDir, screenshot, screenshotAfter, trigger})
             line.addOption(o);
     }
     // Reads the arguments and checks the wait of the screenshot.
@@ -60,6 +62,10 @@ struct StationCommandLine {
                      QStringLiteral("Zorbel, system nadzoru energii biernej: stacja, która odpytuje regulatory\n"
                                     "kompensacji na linii RS-485. Bazę danych zorbel.db bierze z bieżącego\n"
                                     "katalogu, a numer portu szeregowego z ustawień.")};
+    QCommandLineOption userDir{QStringLiteral("user-dir"),
+                               QStringLiteral("pracuje w katalogu użytkownika ~/.local/share/Zorbel\n"
+                                              "(tworzy go; gdy nie ma tam bazy, proponuje utworzenie\n"
+                                              "nowej); tak stację uruchamia menu")};
     QCommandLineOption screenshot{QStringLiteral("screenshot"),
                                   QStringLiteral("po kilku sekundach zapisuje okna stacji\n"
                                                  "do PLIKU PNG i kończy"),
@@ -97,6 +103,39 @@ void showStationWindows(Station &station, fmGlowny &frame, ScreenWizual &hub)
     station.fmAlarmyN.setChangeListener([alarms] { alarms->refresh(); });
 }
 
+// Whether the screen Qt would open is missing. Qt itself would abort there
+// with advice to reinstall, which misleads on a machine without a display.
+bool screenMissing(const QStringList &arguments)
+{
+    const qsizetype at = arguments.indexOf(QStringLiteral("-platform"));
+    const QString platform = (at > 0 && at + 1 < arguments.size() ? arguments[at + 1]
+                                                                     : qEnvironmentVariable("QT_QPA_PLATFORM"))
+                                 .section(u':', 0, 0);
+    const bool noX = qEnvironmentVariableIsEmpty("DISPLAY");
+    const bool noWayland = qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+    if (platform.isEmpty())
+        return noX && noWayland;
+    return (platform == QLatin1String("xcb") && noX) || (platform.startsWith(QLatin1String("wayland")) && noWayland);
+}
+
+// A start from the menu: into the user's own directory, with a database
+// there. False when the operator would rather have none: the station ends,
+// as asked, so with status 0.
+bool enterUserDirectory(const SettingsStore &settings, Dialogs &dialogs)
+{
+    const UserDirectory dir = UserDirectory::standard();
+    if (dir.enter(DatabaseConfig::fromSettings(settings), dialogs, QCoreApplication::applicationDirPath()))
+        return true;
+    std::fprintf(stderr, "zorbel: brak bazy danych w %s; stacja nie zostaje uruchomiona\n", qPrintable(dir.path()));
+    return false;
+}
+
+// The sounds a package installs, for a working directory without its own.
+QString installedSounds()
+{
+    return QDir(QCoreApplication::applicationDirPath()).filePath(QStringLiteral(ZORBEL_SOUNDS_FROM_BIN));
+}
+
 }
 
 int main(int argc, char *argv[])
@@ -110,6 +149,10 @@ int main(int argc, char *argv[])
         const CommandLine::Outcome asked = early.parse(argumentsOf(argc, argv));
         if (asked == CommandLine::Outcome::Help || asked == CommandLine::Outcome::Version)
             return *early.line.answer(out, err);
+    }
+    if (screenMissing(argumentsOf(argc, argv))) {
+        err << "zorbel: brak ekranu (DISPLAY), a stacja potrzebuje ekranu; zorbel-admin i zorbel-sim działają bez niego\n";
+        return 1;
     }
     QApplication app(argc, argv);
     // the application has taken Qt's own options away: the rest must be ours
@@ -143,6 +186,8 @@ int main(int argc, char *argv[])
     });
 
     try {
+        if (command.line.isSet(command.userDir) && !enterUserDirectory(settings, dialogs))
+            return 0;
         station.StartUp();
         fmGlowny frame(station, login);
         dialogs.setParent(&frame);
@@ -151,7 +196,7 @@ int main(int argc, char *argv[])
         frame.show();
         showStationWindows(station, frame, hub);
 
-        WavePlayer player;
+        WavePlayer player(installedSounds());
         hub.setPlayer([&player](const QString &file) { player.play(file); });
         splash.closeSplash();
 
