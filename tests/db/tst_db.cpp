@@ -136,6 +136,10 @@ private slots:
         rs.MoveNext();
         rs.Find(QStringLiteral("Adres=17"));
         QVERIFY(rs.EOF_());
+        // read again, a set holds what the table holds now, once
+        st.addSample(17, day.addMinutes(75), 18.0f);
+        rs.requery();
+        QCOMPARE(rs.rowCount(), 5);
         QCOMPARE(errorOf([&] { RowSet(st.db).openTable(QStringLiteral("Pomiar")); }), int(RunTimeError::DatabaseError));
     }
 
