@@ -9,7 +9,9 @@ QString path(const QString &section, const QString &key) { return section + QLat
 QString QtSettingsStore::value(const QString &section, const QString &key, const QString &defaultValue) const
 {
     QSettings s(QStringLiteral("Zorbel"), QStringLiteral("Zorbel"));
-    return s.value(path(section, key), defaultValue).toString();
+    const QVariant v = s.value(path(section, key), defaultValue);
+    // an INI value with a bare comma ("320,10") comes back split into a list
+    return v.typeId() == QMetaType::QStringList ? v.toStringList().join(QLatin1Char(',')) : v.toString();
 }
 
 void QtSettingsStore::setValue(const QString &section, const QString &key, const QString &value)

@@ -14,6 +14,14 @@ struct Measure {
     void (*source)(SqlStatement &); // its value in one sample
 };
 
+// The inductive energy of a reading period without active energy, billed
+// whole; NULL for any other sample, and for one whose active energy is
+// NULL (unknown, not zero), so its count is the number of such periods.
+void inductiveWithoutActive(SqlStatement &q)
+{
+    q << "(CASE WHEN EnCzynna=0 AND EnBiernaCalk-EnBiernaPoj>0 THEN EnBiernaCalk-EnBiernaPoj END)";
+}
+
 // A sample's tg fi as the period report takes it: 0 without active energy.
 void guardedTgFi(SqlStatement &q)
 {
@@ -28,6 +36,7 @@ const std::vector<Measure> &measures()
         {"EnBiernaCalk", false, [](SqlStatement &q) { q << "EnBiernaCalk"; }},
         {"EnBiernaPoj", false, [](SqlStatement &q) { q << "EnBiernaPoj"; }},
         {"EnBierna", false, [](SqlStatement &q) { q << "(EnBiernaCalk-EnBiernaPoj)"; }},
+        {"EnBiernaBezCzynnej", false, inductiveWithoutActive},
         {"TgFi", true, guardedTgFi},
         {"Napiecie", true, [](SqlStatement &q) { q << "Napiecie"; }},
         {"Czestotliwosc", true, [](SqlStatement &q) { q << "Czestotliwosc"; }},

@@ -6,6 +6,7 @@
 #include <QAtomicInt>
 #include <QFileInfo>
 #include <QSqlError>
+#include <QSqlRecord>
 
 namespace {
 QAtomicInt connectionCounter;
@@ -141,6 +142,18 @@ bool Database::tableExists(const QString &table)
         if (t.compare(table, Qt::CaseInsensitive) == 0)
             return true;
     return false;
+}
+
+QStringList Database::columnNames(const QString &table)
+{
+    QStringList out;
+    for (const QString &t : m_db.tables(QSql::Tables))
+        if (t.compare(table, Qt::CaseInsensitive) == 0) {
+            const QSqlRecord record = m_db.record(t); // by its stored name: PostgreSQL's is lower case
+            for (int i = 0; i < record.count(); ++i)
+                out << record.fieldName(i);
+        }
+    return out;
 }
 
 void Database::transaction()

@@ -38,6 +38,9 @@ public:
     // Statements the station itself writes out whole (schema, pragmas).
     void execText(const QString &sql);
     bool tableExists(const QString &table);
+    // The names of a table's columns as the engine keeps them (PostgreSQL
+    // folds them to lower case); none for a table not there.
+    QStringList columnNames(const QString &table);
 
     void transaction();
     void commit();

@@ -25,6 +25,18 @@ void createTable(Database &db)
     });
 }
 
+// A table of an older version lacks a measure's columns: its rows cannot be
+// completed, only built again. A build of the current version, interrupted,
+// has them all and is resumed.
+bool lacksColumns(Database &db)
+{
+    const QStringList present = db.columnNames(QString::fromLatin1(DailyRollup::TableName));
+    for (const Schema::Column &c : DailyRollup::columns())
+        if (!present.contains(c.name, Qt::CaseInsensitive))
+            return true;
+    return false;
+}
+
 // The month after the last one built, or the first month of the archive.
 QDate resumeFrom(Database &db, QDate first)
 {
@@ -38,7 +50,10 @@ QDate resumeFrom(Database &db, QDate first)
 
 void build(Database &db, const Progress &progress)
 {
-    if (!db.tableExists(QString::fromLatin1(DailyRollup::TableName)))
+    const QString table = QString::fromLatin1(DailyRollup::TableName);
+    if (db.tableExists(table) && lacksColumns(db))
+        db.execText(QStringLiteral("DROP TABLE ") + table);
+    if (!db.tableExists(table))
         createTable(db);
     QSqlQuery span = db.exec(SqlStatement(QStringLiteral("SELECT MIN(Data), MAX(Data) FROM Pomiary")));
     if (!span.next() || span.value(0).isNull())

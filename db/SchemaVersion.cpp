@@ -77,7 +77,8 @@ int upgrade(Database &db, const RollupUpgrade::Progress &progress)
             write(db, Transactional);
         });
     if (from < Current) {
-        // 2 -> 3: the daily roll-ups, built from the samples
+        // 2 -> 3: the daily roll-ups, built from the samples; 3 -> 4: built
+        // again, as their table lacks the new measure's columns
         RollupUpgrade::build(db, progress);
         db.inTransaction([&] { write(db, Current); });
     }

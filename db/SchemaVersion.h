@@ -8,11 +8,12 @@ class Database;
 // with one row. A database made before versions were kept has no such table
 // and counts as version 0. Each step of the upgrade moves a database one
 // version forward; those up to version 2 run in one transaction, the step to
-// 3 builds the daily roll-ups a month at a time and can be resumed.
+// 3 builds the daily roll-ups a month at a time and can be resumed; the step
+// to 4 (a measure more in the roll-ups) builds them again the same way.
 namespace SchemaVersion {
 
 // The version this program makes and works on.
-constexpr int Current = 3;
+constexpr int Current = 4;
 // The table that holds it.
 inline constexpr const char *TableName = "WersjaSchematu";
 

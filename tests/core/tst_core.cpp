@@ -319,8 +319,8 @@ private slots:
         QTest::newRow("table missing") << "DROP TABLE OstPomiar" << QStringList() << QVariantMap() << db << "OstPomiar";
         QTest::newRow("newer schema") << "UPDATE WersjaSchematu SET wersja = 99" << QStringList() << QVariantMap() << db
                                       << "w wersji 99, nowszej";
-        QTest::newRow("older schema") << "UPDATE WersjaSchematu SET wersja = 2" << QStringList() << QVariantMap() << db
-                                      << "w wersji 2, starszej niż ten program (wersja 3). Proszę ją uaktualnić "
+        QTest::newRow("older schema") << "UPDATE WersjaSchematu SET wersja = 3" << QStringList() << QVariantMap() << db
+                                      << "w wersji 3, starszej niż ten program (wersja 4). Proszę ją uaktualnić "
                                          "poleceniem zorbel-admin upgrade.";
         QTest::newRow("null") << "SELECT 1" << QStringList{"K1"} << QVariantMap{{"Przekladnia", QVariant()}}
                               << int(RunTimeError::InvalidUseOfNull)

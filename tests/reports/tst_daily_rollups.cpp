@@ -95,28 +95,10 @@ SqlStatement plainPeriod(QDate first, QDate last, const QString &where, bool cha
 class DailyRollupsTest : public QObject {
     Q_OBJECT
 private slots:
-    void upgradeBuildsTheRowsTheSamplesWrote_data() { TestDatabases::addEngineRows(); }
-    void upgradeBuildsTheRowsTheSamplesWrote()
-    {
-        TestEnv env;
-        ZORBEL_FETCH_EMPTY_DATABASE(config);
-        Database db(config);
-        fill(db);
-        const SqlStatement all(QStringLiteral("SELECT * FROM PomiaryDzien ORDER BY Adres, Dzien"));
-        const QList<QStringList> written = rowsOf(db, all);
-        // as version 2 kept it; an upgrade interrupted after its first month, then run again
-        db.execText(QStringLiteral("DROP TABLE PomiaryDzien"));
-        db.execText(QStringLiteral("UPDATE WersjaSchematu SET wersja = 2"));
-        QStringList months;
-        const auto stop = [&](int, const QString &month) { months << month, throw std::runtime_error("stop"); };
-        QVERIFY_THROWS_EXCEPTION(std::runtime_error, SchemaVersion::upgrade(db, stop));
-        QCOMPARE(SchemaVersion::of(db), 2);
-        QCOMPARE(rowsOf(db, all).size(), 1 + 4 * 23); // December wholly in: the 9th to the 31st
-        SchemaVersion::upgrade(db, [&](int percent, const QString &month) { months << month + QString::number(percent); });
-        QCOMPARE(SchemaVersion::of(db), SchemaVersion::Current);
-        QCOMPARE(months, (QStringList{"2025-12", "2026-0166", "2026-02100"}));
-        QCOMPARE(rowsOf(db, all), written);
-    }
+    void upgradeFromTwoBuildsTheRowsTheSamplesWrote_data() { TestDatabases::addEngineRows(); }
+    void upgradeFromTwoBuildsTheRowsTheSamplesWrote() { upgradeBuildsTheRowsTheSamplesWrote(2); }
+    void upgradeFromThreeBuildsTheRowsAgainWithTheNewMeasure_data() { TestDatabases::addEngineRows(); }
+    void upgradeFromThreeBuildsTheRowsAgainWithTheNewMeasure() { upgradeBuildsTheRowsTheSamplesWrote(3); }
 
     void periodQueriesFromRollupsEqualThePlainOnes_data() { TestDatabases::addEngineRows(); }
     void periodQueriesFromRollupsEqualThePlainOnes()
@@ -136,6 +118,35 @@ private slots:
             QCOMPARE(rowsOf(db, ReportQueries::periodOfObject(first, last, object)), plain(object, false));
             QCOMPARE(rowsOf(db, PeriodChart::query(adres, first, last)), plain(one, true));
         }
+    }
+
+private:
+    // Version 2 kept no roll-ups; version 3 kept them without the inductive
+    // energy of periods without active energy: its rows are built again.
+    void upgradeBuildsTheRowsTheSamplesWrote(int version)
+    {
+        TestEnv env;
+        ZORBEL_FETCH_EMPTY_DATABASE(config);
+        Database db(config);
+        fill(db);
+        const SqlStatement all(QStringLiteral("SELECT * FROM PomiaryDzien ORDER BY Adres, Dzien"));
+        const QList<QStringList> written = rowsOf(db, all);
+        // as that version kept it; an upgrade interrupted after its first month, then run again
+        db.execText(QStringLiteral("DROP TABLE PomiaryDzien"));
+        if (version == 3) {
+            db.execText(QStringLiteral("CREATE TABLE PomiaryDzien (Adres INTEGER, Dzien DATE, Ile INTEGER, EnCzynnaSuma REAL)"));
+            db.execText(QStringLiteral("INSERT INTO PomiaryDzien VALUES (1, '2026-01-05', 9, 1.5)"));
+        }
+        db.execText(QStringLiteral("UPDATE WersjaSchematu SET wersja = %1").arg(version));
+        QStringList months;
+        const auto stop = [&](int, const QString &month) { months << month, throw std::runtime_error("stop"); };
+        QVERIFY_THROWS_EXCEPTION(std::runtime_error, SchemaVersion::upgrade(db, stop));
+        QCOMPARE(SchemaVersion::of(db), version);
+        QCOMPARE(rowsOf(db, all).size(), 1 + 4 * 23); // December wholly in: the 9th to the 31st
+        SchemaVersion::upgrade(db, [&](int percent, const QString &month) { months << month + QString::number(percent); });
+        QCOMPARE(SchemaVersion::of(db), SchemaVersion::Current);
+        QCOMPARE(months, (QStringList{"2025-12", "2026-0166", "2026-02100"}));
+        QCOMPARE(rowsOf(db, all), written);
     }
 };
 

@@ -26,6 +26,9 @@ int AdminTool::run(const QStringList &arguments)
             return o.report.run(o.config, m_out, m_err);
         if (o.command == QLatin1String("hierarchy"))
             return o.hierarchy.run(o.config, m_out, m_err);
+        if (o.command == QLatin1String("billing"))
+            return o.billing.run(o.config, QtSettingsStore(), ZDate::fromDateTime(QDateTime::currentDateTime()), m_out,
+                                 m_err);
         return demo(o);
     } catch (const RunTimeError &e) {
         m_err << "zorbel-admin: " << e.description() << Qt::endl;
@@ -36,7 +39,7 @@ int AdminTool::run(const QStringList &arguments)
 namespace {
 
 const char *const Summary = R"(Tworzy bazę danych stacji Zorbel w SQLite albo w PostgreSQL
-i zapisuje z niej alarmy regulatora i raporty.
+i zapisuje z niej alarmy regulatora, raporty i rozliczenie energii biernej.
 
 Polecenia:
   init     pusta baza danych stacji (siedem tabel)
@@ -51,6 +54,11 @@ Polecenia:
            regulatora (--kod) albo obiektu struktury (--obiekt) w pliku CSV
            albo PDF, np. report period --obiekt Zakład --from 2026-11-01
            --to 2026-11-30 --csv raport.csv
+  billing  rozliczenie energii biernej regulatora (--kod) albo obiektu
+           (--obiekt) za miesiąc (--month rrrr-mm, domyślnie bieżący) albo dni
+           od --from do --to, według taryfy z sekcji Rozliczenie ustawień,
+           w pliku CSV albo PDF, np. billing --obiekt Zakład --month 2026-11
+           --pdf rozliczenie.pdf
   hierarchy list|add|remove
            drzewo obiektów instalacji: wypisuje je, dodaje element albo usuwa
            element bez elementów podrzędnych, np.
@@ -76,8 +84,10 @@ std::optional<int> AdminTool::parse(const QStringList &arguments, Options &o)
         line.addOption(option);
     o.saving.addOptions(line);
     o.report.addOptions(line);
+    o.billing.addOptions(line);
     o.hierarchy.addOptions(line);
-    line.setArguments(QStringLiteral("init|demo|upgrade|alarms|report [daily|period]|hierarchy [add|remove|list]"), 2);
+    line.setArguments(
+        QStringLiteral("init|demo|upgrade|alarms|report [daily|period]|billing|hierarchy [add|remove|list]"), 2);
     if (line.parse(arguments) != CommandLine::Outcome::Run)
         return line.answer(m_out, m_err);
 
@@ -109,17 +119,20 @@ std::optional<int> AdminTool::parse(const QStringList &arguments, Options &o)
 void AdminTool::readCommands(CommandLine &line, Options &o)
 {
     const QStringList commands{QStringLiteral("init"),   QStringLiteral("demo"),   QStringLiteral("upgrade"),
-                               QStringLiteral("alarms"), QStringLiteral("report"), QStringLiteral("hierarchy")};
+                               QStringLiteral("alarms"), QStringLiteral("report"), QStringLiteral("billing"),
+                               QStringLiteral("hierarchy")};
     if (o.command.isEmpty())
-        line.refuse(QStringLiteral("brak polecenia: init, demo, upgrade, alarms, report albo hierarchy"));
+        line.refuse(QStringLiteral("brak polecenia: init, demo, upgrade, alarms, report, billing albo hierarchy"));
     else if (!commands.contains(o.command))
         line.refuse(QStringLiteral("nieznane polecenie: %1 (dozwolone: %2)").arg(o.command, commands.join(QStringLiteral(", "))));
     const bool alarms = o.command == QLatin1String("alarms"), report = o.command == QLatin1String("report");
+    const bool billing = o.command == QLatin1String("billing");
     if (alarms)
         o.alarms.read(line, o.saving);
-    else if (!report)
+    else if (!report && !billing)
         o.saving.refuseAll(line);
-    o.report.read(line, o.saving, report);
+    o.report.read(line, o.saving, report, billing);
+    o.billing.read(line, o.saving, o.report.objectOption(), billing);
     const bool hierarchy = o.command == QLatin1String("hierarchy");
     o.hierarchy.read(line, hierarchy);
     if (!report && !hierarchy && line.positionalArguments().size() > 1) // only these two take a second word

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "AlarmExport.h"
+#include "BillingCommand.h"
 #include "ExportOptions.h"
 #include "HierarchyCommand.h"
 #include "ReportExport.h"
@@ -13,8 +14,8 @@
 
 // The database tool: creates an empty station database or a demonstration
 // installation, on SQLite or PostgreSQL, moves an older database's schema
-// forward, edits the object tree and exports a controller's alarms and the
-// reports. Returns a process exit code.
+// forward, edits the object tree and exports a controller's alarms, the
+// reports and the bill of reactive energy. Returns a process exit code.
 class AdminTool {
 public:
     AdminTool(QTextStream &out, QTextStream &err) : m_out(out), m_err(err) {}
@@ -28,9 +29,10 @@ private:
         bool force = false;
         int days = 0;
         unsigned seed = 1;
-        ExportOptions saving; // shared by alarms and report
+        ExportOptions saving; // shared by alarms, report and billing
         AlarmExport alarms;
         ReportExport report;
+        BillingCommand billing;
         HierarchyCommand hierarchy;
     };
 

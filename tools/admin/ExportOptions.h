@@ -6,14 +6,15 @@
 
 class CommandLine;
 
-// The options the saving commands of zorbel-admin (alarms, report) share:
+// The options the saving commands of zorbel-admin (alarms, report, billing) share:
 // a controller's code, whole days from --from to --to, and the file, CSV or
 // PDF. Each is added to the command line once and read by the command chosen.
 class ExportOptions {
 public:
     // Which days a command takes: --from and --to; --from with --to or
-    // alone (that one day); --from alone.
-    enum class Days { Range, RangeOrDay, Day };
+    // alone (that one day); --from alone; --from and --to, or neither (the
+    // days left invalid: the command's default).
+    enum class Days { Range, RangeOrDay, Day, RangeOrNone };
     struct Values {
         QString kod; // empty when not given: each command tells whether it needs it
         QDate first, last;
@@ -31,6 +32,8 @@ public:
     void refuseAll(CommandLine &line) const;
 
 private:
+    // The file, CSV or PDF, put into `v`.
+    Values file(CommandLine &line, const QString &command, Values v) const;
     QDate day(CommandLine &line, const QCommandLineOption &option, const QString &command) const;
 
     QCommandLineOption m_kodOption, m_fromOption, m_toOption, m_csvOption, m_pdfOption;

@@ -1,17 +1,15 @@
 #include "ReportExport.h"
 
+#include "ObjectLookup.h"
 #include "base/CommandLine.h"
 #include "db/ControllerStore.h"
 #include "db/Database.h"
 #include "db/SchemaVersion.h"
-#include "db/HierarchyTree.h"
 #include "reports/ReportBuild.h"
 #include "reports/ReportCsv.h"
 #include "reports/ReportPrint.h"
 
 namespace {
-
-const QString RootText = QStringLiteral("System Zorbel");
 
 std::function<Database &()> on(Database &db)
 {
@@ -21,7 +19,8 @@ std::function<Database &()> on(Database &db)
 }
 
 ReportExport::ReportExport()
-    : m_objectOption(QStringLiteral("obiekt"), QStringLiteral("(report) element struktury: raport jego regulatorów"),
+    : m_objectOption(QStringLiteral("obiekt"),
+                     QStringLiteral("(report, billing) element struktury: raport albo rozliczenie jego regulatorów"),
                      QStringLiteral("NAZWA"))
 {
 }
@@ -31,11 +30,11 @@ void ReportExport::addOptions(CommandLine &line) const
     line.addOption(m_objectOption);
 }
 
-void ReportExport::read(CommandLine &line, const ExportOptions &options, bool chosen)
+void ReportExport::read(CommandLine &line, const ExportOptions &options, bool chosen, bool objectTaken)
 {
     if (!chosen) {
-        if (line.isSet(m_objectOption))
-            line.refuse(QStringLiteral("opcja --obiekt należy tylko do polecenia report"));
+        if (line.isSet(m_objectOption) && !objectTaken)
+            line.refuse(QStringLiteral("opcja --obiekt należy tylko do poleceń report i billing"));
         return;
     }
     m_kind = line.positionalArguments().value(1);
@@ -79,13 +78,10 @@ ReportExport::Made ReportExport::ofController(Database &db) const
 
 ReportExport::Made ReportExport::ofObject(Database &db) const
 {
-    const HierarchyTree tree(HierarchyStore(on(db)).inTreeOrder());
-    // the root is no element: it meets the tree's own "element not found", as in the station
-    if (!tree.contains(m_object) && m_object != RootText)
-        return {std::nullopt, QStringLiteral("brak elementu %1 w strukturze").arg(m_object)};
-    if (tree.contains(m_object) && tree.isController(m_object))
-        return {std::nullopt, QStringLiteral("element %1 jest regulatorem: użyj --kod").arg(m_object)};
-    const QString list = tree.controllerList(m_object);
+    const ObjectLookup::Found found = ObjectLookup::find(db, m_object);
+    if (!found.refusal.isEmpty())
+        return {std::nullopt, found.refusal};
+    const QString &list = found.controllerList;
     std::optional<ReportTable> table =
         daily() ? ReportBuild::dailyOfObject(db, m_values.first, m_object, list)
                 : ReportBuild::periodOfObject(db, m_values.first, m_values.last, m_object, list);

@@ -22,8 +22,9 @@ public:
 
     void addOptions(CommandLine &line) const;
     // Reads the kind (daily, period) and the options it takes; with another
-    // command --obiekt is refused.
-    void read(CommandLine &line, const ExportOptions &options, bool chosen);
+    // command --obiekt is refused unless that command takes it too.
+    void read(CommandLine &line, const ExportOptions &options, bool chosen, bool objectTaken);
+    const QCommandLineOption &objectOption() const { return m_objectOption; }
     // Exit code 0; 2 with a line on `err` for a controller or an element not
     // there, an element that is a controller, or an object without
     // controllers (no report). A failure to read or to write is a RunTimeError.
