@@ -23,3 +23,12 @@ void StatusPanels::setPicture(int n, Picture picture)
     at(n).picture = picture;
     emit panelChanged(n);
 }
+
+void StatusPanels::setNotice(const QString &text, const QString &toolTip)
+{
+    if (m_notice.text == text && m_notice.toolTip == toolTip)
+        return;
+    m_notice.text = text;
+    m_notice.toolTip = toolTip;
+    emit noticeChanged();
+}

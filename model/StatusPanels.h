@@ -32,11 +32,18 @@ public:
     void setToolTip(int n, const QString &toolTip);
     void setPicture(int n, Picture picture);
 
+    // A notice of the station's own beside the six panels (the month's
+    // reactive energy running above the contract); empty: none.
+    const Panel &notice() const { return m_notice; }
+    void setNotice(const QString &text, const QString &toolTip);
+
 signals:
     void panelChanged(int n);
+    void noticeChanged();
 
 private:
     Panel &at(int n) { return m_panels.at(std::size_t(n - 1)); }
 
     std::array<Panel, Count> m_panels{};
+    Panel m_notice;
 };

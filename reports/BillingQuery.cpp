@@ -14,13 +14,14 @@ SqlStatement query(const BillingQuery::Scope &scope, QDate first, QDate last)
 {
     SqlStatement q(QString::fromLatin1(Columns));
     q.date(ZDate::startOf(first)) << " AND PomiaryDzien.Dzien < ";
-    q.date(ZDate::startOf(last.addDays(1))) << " WHERE ";
-    if (scope.adres)
-        q << "Regulatory.Adres = ";
-    else // kept: the condition is text made from the tree's names, as the reports take it
-        q << "(" << scope.condition << ")";
-    if (scope.adres)
+    q.date(ZDate::startOf(last.addDays(1)));
+    if (scope.adres) {
+        q << " WHERE Regulatory.Adres = ";
         q.value(*scope.adres);
+    } else if (!scope.everyController) {
+        // kept: the condition is text made from the tree's names, as the reports take it
+        q << " WHERE (" << scope.condition << ")";
+    }
     q << " ORDER BY Regulatory.Kod, PomiaryDzien.Dzien";
     return q;
 }

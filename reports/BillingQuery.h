@@ -21,6 +21,7 @@ namespace BillingQuery {
 struct Scope {
     std::optional<std::int16_t> adres;
     QString condition;
+    bool everyController = false; // each controller of Regulatory, condition unused
 };
 
 struct Controller {

@@ -75,6 +75,11 @@ void PollingTimers::Timer1Tick()
         r->WczytajStanRegul(CzasTicka);
         m_station.oWizual.eMonitoring(r->Id, false);
     }
+    const qint64 hour = CzasTicka.msecs() / (60 * ZDate::MsPerMinute);
+    if (m_hourly && hour != m_hour) {
+        m_hour = hour;
+        m_hourly(CzasTicka);
+    }
     Timer1.start();
 }
 

@@ -32,6 +32,10 @@ public:
     // A polling round is under way (the interface may run inside its waits).
     bool inTick() const { return m_inTick; }
 
+    // Called at the end of the first tick and of the first tick of each
+    // new hour of the clock, with the tick's moment; it must not throw.
+    void setHourly(std::function<void(ZDate)> hourly) { m_hourly = std::move(hourly); }
+
     // A run-time error that escapes a tick ends the process through this.
     void setFatalHandler(std::function<void(const RunTimeError &)> handler) { m_fatal = std::move(handler); }
 
@@ -46,5 +50,7 @@ private:
     Station &m_station;
     StatusPanels &m_panels;
     std::function<void(const RunTimeError &)> m_fatal;
+    std::function<void(ZDate)> m_hourly;
+    qint64 m_hour = -1; // of the last hourly call, counted from the zero date
     bool m_inTick = false;
 };

@@ -36,6 +36,19 @@ MainStatusBar::MainStatusBar(const StatusPanels &panels, ImageList images1, Imag
         show(n);
     }
     connect(&m_panels, &StatusPanels::panelChanged, this, [this](int n) { show(n); });
+    m_notice = new QLabel(this);
+    m_notice->setObjectName(QStringLiteral("notice"));
+    m_notice->setStyleSheet(QStringLiteral("color: rgb(192,0,0); font-weight: bold"));
+    addWidget(m_notice, 1); // left of the panels, shown only while it has something to say
+    showNotice();
+    connect(&m_panels, &StatusPanels::noticeChanged, this, [this] { showNotice(); });
+}
+
+void MainStatusBar::showNotice()
+{
+    m_notice->setText(m_panels.notice().text);
+    m_notice->setToolTip(m_panels.notice().toolTip);
+    m_notice->setVisible(!m_panels.notice().text.isEmpty());
 }
 
 void MainStatusBar::show(int n)

@@ -25,10 +25,12 @@ private:
         QLabel *text;
     };
     void show(int n);
+    void showNotice();
     QPixmap pixmapOf(StatusPanels::Picture picture) const;
 
     const StatusPanels &m_panels;
     ImageList m_images1;
     ImageList m_images2;
     std::array<PanelWidgets, StatusPanels::Count> m_widgets{};
+    QLabel *m_notice = nullptr;
 };

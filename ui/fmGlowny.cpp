@@ -2,6 +2,7 @@
 
 #include "FormControls.h"
 #include "MainStatusBar.h"
+#include "MonthToDateWatch.h"
 #include "MainToolbar.h"
 #include "Raporty.h"
 #include "StationImages.h"
@@ -35,6 +36,7 @@ fmGlowny::fmGlowny(Station &station, LoginPrompt &login, QWidget *parent)
     m_panels.setText(StatusPanels::Mode, QStringLiteral("normalny"));
     m_statusBar = new MainStatusBar(m_panels, StationImages::mainImages(), StationImages::modeImages(), this);
     setStatusBar(m_statusBar);
+    MonthToDateWatch::attach(m_station);
     m_reports = std::make_unique<Raporty>(m_station, [this](const QString &name) { return controllerList(name); });
     resize(1000, 720);
 }

@@ -3,6 +3,7 @@
 
 #include "ControllerViews.h"
 #include "MainToolbar.h"
+#include "MonthToDateWatch.h"
 
 namespace {
 
@@ -23,6 +24,60 @@ using Pic = StatusPanels::Picture;
 class MainWindowTest : public QObject {
     Q_OBJECT
 private slots:
+    // The status bar tells of a month whose tg φ runs above tg φ0 once an
+    // hour, from the month's own days; a tariff value that is not a number
+    // is said there instead, never ends the polling.
+    void statusBarTellsOfAMonthAboveTheContract()
+    {
+        TestEnv env;
+        StationFixture f(QStringLiteral("zorbel.db"));
+        f.createDatabase();
+        for (int adres : {1, 2})
+            f.addController(QStringLiteral("T%1").arg(adres), adres, {{QStringLiteral("aktywny"), QStringLiteral("Nie")}});
+        f.clock.set(ZDate::fromParts(2026, 11, 10, 12, 0, 0));
+        Station &s = f.station();
+        s.StartUp();
+        // nine days of 100 kWh: T1 at tg φ 0,5, T2 at 0,2; October's day of T2 at 0,9 does not count
+        const auto store = [&](int adres, ZDate at, double reactive) {
+            StoredSample sample;
+            sample.adres = std::int16_t(adres);
+            sample.Data = at;
+            sample.EnCzynna = 100.0;
+            sample.EnBiernaCalk = reactive;
+            sample.EnBiernaPoj = 0.0;
+            s.samples.ZapiszPomiar(sample);
+        };
+        for (int day = 1; day <= 9; ++day) {
+            store(1, ZDate::fromParts(2026, 11, day, 10, 0, 0), 50);
+            store(2, ZDate::fromParts(2026, 11, day, 10, 0, 0), 20);
+        }
+        store(2, ZDate::fromParts(2026, 10, 31, 10, 0, 0), 90);
+        MonthToDateWatch::attach(s);
+        s.timers.Timer1Tick();
+        const QString above = QStringLiteral("tg φ od początku miesiąca powyżej 0,40: T1 0,500");
+        QCOMPARE(f.panels.notice().text, above);
+
+        // a price set: the next hour tells the month's fee at this pace,
+        // k·Crk·(√((1+0,5²)/(1+0,4²)) − 1)·A = 1000 · 0,0380683 · 0,9 MWh = 34,261 zł
+        // over 9,541667 days of 30: 107,72 zł
+        f.settings.setValue(QStringLiteral("Rozliczenie"), QStringLiteral("Crk"), QStringLiteral("1000"));
+        s.timers.Timer1Tick();
+        QCOMPARE(f.panels.notice().text, above); // the same hour: not checked again
+        f.clock.advanceMs(60 * ZDate::MsPerMinute);
+        s.timers.Timer1Tick();
+        QCOMPARE(f.panels.notice().text, above + QStringLiteral(" (opłata w tym tempie 107,72 zł)"));
+
+        f.settings.setValue(QStringLiteral("Rozliczenie"), QStringLiteral("tgFi0"), QStringLiteral("dużo"));
+        f.clock.advanceMs(60 * ZDate::MsPerMinute);
+        s.timers.Timer1Tick();
+        QVERIFY2(f.panels.notice().text.contains(QStringLiteral("tgFi0")), qPrintable(f.panels.notice().text));
+
+        f.settings.setValue(QStringLiteral("Rozliczenie"), QStringLiteral("tgFi0"), QStringLiteral("0,6"));
+        f.clock.advanceMs(60 * ZDate::MsPerMinute);
+        s.timers.Timer1Tick();
+        QCOMPARE(f.panels.notice().text, QString());
+    }
+
     void toolbarAndMenusShowWindowsAndMonitorTheCurrentController()
     {
         UiRig rig;
