@@ -2,7 +2,7 @@
 
 #include "LargeArchive.h"
 
-SimFleet::SimFleet(const QString &dbFile) : station(dbFile)
+SimFleet::SimFleet(const DatabaseConfig &db) : station(db)
 {
     station.attachLine(line, FakeEventPump::arrivalsOf(line));
 }
@@ -10,7 +10,12 @@ SimFleet::SimFleet(const QString &dbFile) : station(dbFile)
 void SimFleet::addRows(int n)
 {
     for (int adres = 1; adres <= n; ++adres)
-        station.addController(LargeArchive::kodOf(adres), adres);
+        addRow(adres);
+}
+
+void SimFleet::addRow(int adres)
+{
+    station.addController(LargeArchive::kodOf(adres), adres);
 }
 
 void SimFleet::addSimulated(int n)

@@ -3,15 +3,21 @@
 // 255 controllers every 15 minutes for a number of hours of fake time;
 // VmRSS after the start and after each hour, and the growth.
 //
-//   polling_memory [hours] [controllers] [drop]   (24, 255 and 0 when not given)
+//   polling_memory [--db ADDRESS] [hours] [controllers] [drop]   (24, 255 and 0 when not given)
 //
 // drop: the probability that a reply byte is lost, so that readings fail
 // and their alarms come and go.
+//
+// The station runs on a new database of its own: by default an SQLite file
+// in a temporary folder; with --db (sqlite:FILE, a file that does not exist
+// yet, or postgresql://..., an empty database made beforehand) there. Its
+// tables are made by the station's schema code and taken away at the end.
 //
 // The harness keeps records of its own (every frame sent, every interface
 // event); they are dropped each hour, so what remains is the station's.
 // Memory freed is handed back to the system before each reading.
 
+#include "ScratchDatabase.h"
 #include "SimFleet.h"
 #include "TestEnv.h"
 
@@ -20,6 +26,7 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFileInfo>
 #include <QTextStream>
 #include <algorithm>
 #include <malloc.h>
@@ -49,20 +56,43 @@ void print(QTextStream &out, const QString &name, double value, const char *unit
     out << name << ": " << QString::number(value, 'f', 1) << ' ' << unit << Qt::endl;
 }
 
+struct Options {
+    DatabaseConfig database; // zorbel.db in the temporary folder
+    int hours = 24;
+    int controllers = 255;
+    double drop = 0.0;
+};
+
+Options parse(QStringList args)
+{
+    Options o;
+    args.removeFirst();
+    if (args.size() >= 2 && args.first() == QLatin1String("--db")) {
+        o.database = DatabaseConfig::fromUrl(args[1]);
+        o.database.file = QFileInfo(o.database.file).absoluteFilePath(); // before the move to the temporary folder
+        args = args.mid(2);
+    }
+    o.hours = std::max(1, args.value(0, QStringLiteral("24")).toInt());
+    o.controllers = std::clamp(args.value(1, QStringLiteral("255")).toInt(), 1, 255);
+    o.drop = args.value(2, QStringLiteral("0")).toDouble();
+    return o;
+}
+
 }
 
 int main(int argc, char **argv)
 {
     QCoreApplication app(argc, argv);
     QTextStream out(stdout);
-    const int hours = std::max(1, argc > 1 ? QString::fromLocal8Bit(argv[1]).toInt() : 24);
-    const int controllers = std::clamp(argc > 2 ? QString::fromLocal8Bit(argv[2]).toInt() : 255, 1, 255);
-    sim::FaultPlan faults;
-    faults.dropProbability = argc > 3 ? QString::fromLocal8Bit(argv[3]).toDouble() : 0.0;
-    TestEnv env;
     try {
-        SimFleet fleet(QStringLiteral("zorbel.db"));
-        fleet.station.createDatabase();
+        const Options o = parse(app.arguments());
+        const int hours = o.hours, controllers = o.controllers;
+        sim::FaultPlan faults;
+        faults.dropProbability = o.drop;
+        TestEnv env;
+        const ScratchDatabase database(o.database);
+        SimFleet fleet(database.config());
+        fleet.station.openDatabase();
         fleet.addRows(controllers);
         fleet.addSimulated(controllers);
         fleet.line.bus().setFaults(faults);

@@ -13,10 +13,11 @@
 // the list the structure tree would give ("'R001',...,'R020'"): building the
 // list is the tree's work, not the report's. With --pg the same cases run on
 // a PostgreSQL database of their own (refused if it holds a station's
-// tables), filled on the first run with 100 controllers for Y years
-// (default 1: all a year's report touches).
+// tables), filled on the first run with 100 controllers for Y years (see
+// PgArchive.h); their figures are prefixed "pg_".
 
 #include "LargeArchive.h"
+#include "PgArchive.h"
 #include "Timings.h"
 
 #include "base/RunTimeError.h"
@@ -34,8 +35,7 @@ namespace {
 
 struct Options {
     QString file = QStringLiteral("/tmp/zorbel-large.db");
-    QString pgUrl;
-    int pgYears = 1;
+    PgArchiveOptions pg;
     int repeat = 5;
 };
 
@@ -48,13 +48,9 @@ std::optional<Options> parse(QStringList args)
         const QString name = args.takeFirst(), value = args.takeFirst();
         if (name == QLatin1String("--db"))
             o.file = value;
-        else if (name == QLatin1String("--pg"))
-            o.pgUrl = value;
-        else if (name == QLatin1String("--pg-years"))
-            o.pgYears = std::clamp(value.toInt(), 1, 10);
         else if (name == QLatin1String("--repeat"))
             o.repeat = std::max(1, value.toInt());
-        else
+        else if (!o.pg.take(name, value))
             return std::nullopt;
     }
     return args.isEmpty() ? std::optional(o) : std::nullopt;
@@ -158,10 +154,10 @@ void run(QTextStream &out, const Options &o)
     Database db(DatabaseConfig::fromUrl(QStringLiteral("sqlite:") + o.file));
     db.open();
     measure(out, db, size, o.repeat, {});
-    if (o.pgUrl.isEmpty())
+    if (o.pg.url.isEmpty())
         return;
-    const LargeArchive::Size pgSize{size.controllers, o.pgYears};
-    Database pg(DatabaseConfig::fromUrl(o.pgUrl));
+    const LargeArchive::Size pgSize{size.controllers, o.pg.years};
+    Database pg(DatabaseConfig::fromUrl(o.pg.url));
     pg.open();
     reportArchive(out, QStringLiteral("pg_"), LargeArchive::ensure(pg, pgSize), pgSize);
     measure(out, pg, pgSize, o.repeat, QStringLiteral("pg_"));

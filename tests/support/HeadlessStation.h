@@ -17,6 +17,7 @@ public:
     static constexpr std::int64_t TickPeriodMs = 100;
 
     explicit HeadlessStation(const QString &dbFile) : StationFixture(dbFile) {}
+    explicit HeadlessStation(const DatabaseConfig &config) : StationFixture(config) {}
 
     // The start as the program makes it: options, controllers, the port.
     void start();

@@ -2,16 +2,35 @@
 
 #include "db/Schema.h"
 
-StationFixture::StationFixture(const QString &dbFile) : m_file(dbFile)
+namespace {
+
+// The "baza" section the station reads its database from.
+void storeConfig(SettingsStore &settings, const DatabaseConfig &c)
 {
-    settings.setValue(QStringLiteral("baza"), QStringLiteral("plik"), dbFile);
+    const bool sqlite = c.engine == SqlDialect::Engine::SQLite;
+    const std::pair<const char *, QString> keys[] = {
+        {"silnik", sqlite ? QStringLiteral("sqlite") : QStringLiteral("postgresql")},
+        {"plik", c.file}, {"serwer", c.host}, {"port", QString::number(c.port)}, {"nazwa", c.name},
+        {"uzytkownik", c.user}, {"haslo", c.password},
+    };
+    for (const auto &[key, value] : keys)
+        settings.setValue(QStringLiteral("baza"), QString::fromLatin1(key), value);
+}
+
+}
+
+StationFixture::StationFixture(const QString &dbFile) : StationFixture(DatabaseConfig::fromUrl(QStringLiteral("sqlite:") + dbFile))
+{
+}
+
+StationFixture::StationFixture(const DatabaseConfig &config) : m_config(config)
+{
+    storeConfig(settings, config);
 }
 
 Database &StationFixture::createDatabase()
 {
-    DatabaseConfig c;
-    c.file = m_file;
-    m_db = std::make_unique<Database>(c);
+    m_db = std::make_unique<Database>(m_config);
     m_db->open(Database::OpenMode::CreateIfMissing);
     Schema::create(*m_db);
     return *m_db;
@@ -19,14 +38,12 @@ Database &StationFixture::createDatabase()
 
 Database &StationFixture::openDatabase()
 {
-    DatabaseConfig c;
-    c.file = m_file;
-    m_db = std::make_unique<Database>(c);
+    m_db = std::make_unique<Database>(m_config);
     m_db->open();
     return *m_db;
 }
 
-void StationFixture::addController(const QString &kod, int adres, const QVariantMap &overrides)
+QVariantMap StationFixture::controllerRow(const QString &kod, int adres, const QVariantMap &overrides)
 {
     QVariantMap row = {
         {"Kod", kod}, {"Adres", adres}, {"Typ", "regulator"}, {"aktywny", "Tak"}, {"NapieciePomiar", 380},
@@ -40,6 +57,12 @@ void StationFixture::addController(const QString &kod, int adres, const QVariant
     }
     for (auto it = overrides.begin(); it != overrides.end(); ++it)
         row.insert(it.key(), it.value());
+    return row;
+}
+
+void StationFixture::addController(const QString &kod, int adres, const QVariantMap &overrides)
+{
+    const QVariantMap row = controllerRow(kod, adres, overrides);
     SqlStatement s(QStringLiteral("INSERT INTO Regulatory (") + row.keys().join(QStringLiteral(", ")) +
                    QStringLiteral(") VALUES ("));
     bool first = true;

@@ -24,18 +24,21 @@ public:
     bool closed = false;
 };
 
-// A station database in a file of the test's directory, and a station
-// built on it with fake services.
+// A station database (a file of the test's directory, or any database the
+// configuration names) and a station built on it with fake services.
 class StationFixture {
 public:
     explicit StationFixture(const QString &dbFile);
+    explicit StationFixture(const DatabaseConfig &config);
 
-    // Creates the file with the schema (or not, to test its absence).
+    // Creates the file (on a server: the tables) with the schema (or not, to test its absence).
     Database &createDatabase();
-    // Opens the file as it is, to add rows to a database made elsewhere.
+    // Opens the database as it is, to add rows to a database made elsewhere.
     Database &openDatabase();
     // A controller row with valid defaults; overrides by column name.
     void addController(const QString &kod, int adres, const QVariantMap &overrides = {});
+    // The values addController writes, by column name.
+    static QVariantMap controllerRow(const QString &kod, int adres, const QVariantMap &overrides = {});
     void addLastSample(int adres, float popCzynny, float popBiernSr, float popBiernPojSr, int timerU, ZDate czas);
 
     // Puts another line in place of the scripted one, with what the pump
@@ -57,7 +60,7 @@ public:
     StatusPanels panels;
 
 private:
-    QString m_file;
+    DatabaseConfig m_config;
     LinePort *m_port = &line;
     clsWizual *m_wizual = &wizual;
     std::unique_ptr<Database> m_db;
