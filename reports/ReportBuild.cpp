@@ -1,6 +1,6 @@
 #include "reports/ReportBuild.h"
 
-#include "db/RowSet.h"
+#include "db/Database.h"
 #include "reports/ReportLayout.h"
 #include "reports/ReportQueries.h"
 
@@ -10,8 +10,7 @@ using Kind = ReportTable::Kind;
 
 ReportTable computed(Database &db, Kind kind, const SqlStatement &query, const QString &tytul, const QString &podtytul)
 {
-    RowSet rows(db);
-    rows.open(query);
+    QSqlQuery rows = db.exec(query);
     ReportTable table(kind, tytul, podtytul);
     table.read(rows, ReportLayout::of(kind).fields());
     return table;

@@ -3,27 +3,43 @@
 #include "base/Conversions.h"
 #include "base/PictureFormat.h"
 #include "base/ZDate.h"
-#include "db/RowSet.h"
+#include "base/RunTimeError.h"
+
+#include <QSqlQuery>
+#include <QSqlRecord>
 
 #include <algorithm>
 
-void ReportTable::read(RowSet &rows, const QStringList &fields)
+void ReportTable::read(QSqlQuery &rows, const QStringList &fields)
 {
     m_fields = fields;
     m_rows.clear();
-    rows.MoveFirst();
-    if (rows.EOF_())
-        return;
+    // only the layout's fields are converted, not every column of "Select *"
     std::vector<int> columns;
-    for (const QString &f : fields)
-        columns.push_back(rows.column(f));
-    for (; !rows.EOF_(); rows.MoveNext()) {
+    while (rows.next()) {
+        if (columns.empty())
+            columns = columnsOf(rows, fields);
         std::vector<QVariant> row;
         row.reserve(columns.size());
         for (int c : columns)
-            row.push_back(rows.field(c));
+            row.push_back(rows.value(c));
         m_rows.push_back(std::move(row));
     }
+}
+
+// The places of the fields among the query's columns, named case-blind; a
+// field the query has not is a run-time error, met at the first row.
+std::vector<int> ReportTable::columnsOf(const QSqlQuery &rows, const QStringList &fields)
+{
+    const QSqlRecord layout = rows.record();
+    std::vector<int> columns;
+    for (const QString &f : fields) {
+        const int i = layout.indexOf(f);
+        if (i < 0)
+            throw RunTimeError::database(QStringLiteral("Brak kolumny %1 w %2").arg(f, rows.lastQuery()));
+        columns.push_back(i);
+    }
+    return columns;
 }
 
 void ReportTable::setRows(const QStringList &fields, std::vector<std::vector<QVariant>> rows)

@@ -6,7 +6,7 @@
 #include <optional>
 #include <vector>
 
-class RowSet;
+class QSqlQuery;
 
 // A report computed before it is drawn: the header texts, the rows of its
 // query by field name, and the footer's figures worked out over all rows.
@@ -18,8 +18,8 @@ public:
 
     ReportTable(Kind kind, QString tytul, QString podtytul) : m_kind(kind), m_tytul(std::move(tytul)), m_podtytul(std::move(podtytul)) {}
 
-    // Every row of the open set, from its first.
-    void read(RowSet &rows, const QStringList &fields);
+    // Every row of the executed query, from its first.
+    void read(QSqlQuery &rows, const QStringList &fields);
     // Rows given as they are, each holding `fields` in that order, NULL past its end (a table
     // made without a query).
     void setRows(const QStringList &fields, std::vector<std::vector<QVariant>> rows);
@@ -39,6 +39,7 @@ public:
     QString figureText(Figure figure, const QString &field, const QString &picture) const;
 
 private:
+    static std::vector<int> columnsOf(const QSqlQuery &rows, const QStringList &fields);
     Kind m_kind;
     QString m_tytul, m_podtytul;
     QStringList m_fields;

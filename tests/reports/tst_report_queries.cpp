@@ -108,8 +108,7 @@ private slots:
                  (QStringList{"30/11/26|6.0000|0.3333|400.0000"}));
         // the tables the layouts print: cells in their pictures, figures over the rows with a value
         using F = ReportTable::Figure;
-        RowSet set(db);
-        set.open(ReportQueries::dailyOfController(nov30, 1));
+        QSqlQuery set = db.exec(ReportQueries::dailyOfController(nov30, 1));
         ReportTable daily(ReportTable::Kind::Daily, QStringLiteral(" regulatora 'A'"), QStringLiteral(" z dnia 30/11/2026"));
         daily.read(set, {"data", "EnCzynna", "tgfi", "Napiecie"});
         QCOMPARE(QStringList({daily.text(0, "data", "HH:mm:ss"), daily.text(0, "EnCzynna", "0,000;(0,000)"),
@@ -118,13 +117,13 @@ private slots:
         QCOMPARE(QStringList({daily.figureText(F::Sum, "EnCzynna", "0,000"), daily.figureText(F::Average, "tgfi", "0,00"),
                               daily.figureText(F::Min, "tgfi", "0,00"), daily.figureText(F::Average, "Napiecie", "0")}),
                  (QStringList{"4,000", "0,50", "0,50", "395"}));
-        set.open(ReportQueries::periodOfController(nov30, dec2, 1));
+        set = db.exec(ReportQueries::periodOfController(nov30, dec2, 1));
         ReportTable period(ReportTable::Kind::Period, {}, {});
         period.read(set, {"data", "EnCzynnaSuma", "tgfiSr"});
         QCOMPARE(QStringList({period.text(0, "data", "dd/MM/yyyy"), period.figureText(F::Sum, "EnCzynnaSuma", "0,000"),
                               period.figureText(F::Average, "tgfiSr", "0,00")}),
                  (QStringList{"01/12/26", "7,000", "0,58"}));
-        set.open(ReportQueries::dailyOfController(dec2.addDays(5), 1));
+        set = db.exec(ReportQueries::dailyOfController(dec2.addDays(5), 1));
         daily.read(set, {"data", "EnCzynna"});
         QVERIFY(daily.rowCount() == 0 && daily.figureText(F::Sum, "EnCzynna", "0,000").isEmpty());
         QCOMPARE(pictureFormatComma(-1.5, QStringLiteral("0,000;(0,000)")), QStringLiteral("(1,500)"));
