@@ -96,11 +96,12 @@ Section linesSection(const S &s)
     return out;
 }
 
-Section daysSection(const QString &heading, const std::vector<S::Day> &days)
+Section daysSection(const QString &heading, const std::vector<S::Day> &days,
+                    const QString &none = QStringLiteral("Brak dni z nadwyżką."))
 {
     Section out{heading, {}, {}};
     if (days.empty())
-        out.lines << QStringLiteral("Brak dni z nadwyżką.");
+        out.lines << none;
     Table t{{"Dzień", "A kWh", "Indukc. kvarh", "Pojemn. kvarh", "tg φ", "Nadwyżka kvarh", "Opłata"},
             {1.3, 1.3, 1.3, 1.3, 0.8, 1.3, 1.3},
             {}};
@@ -149,6 +150,11 @@ QString BillingText::subtitle(const BillingStatement &s)
 {
     return QStringLiteral("%1, okres od %2 do %3; obliczono %4")
         .arg(s.scope, day(s.first), day(s.last), s.computedAt.toString(QStringLiteral("dd.MM.yyyy HH:mm")));
+}
+
+BillingText::Section BillingText::dailySeries(const BillingStatement &s)
+{
+    return daysSection(QStringLiteral("Dni okresu"), s.days, QStringLiteral("Brak dni do pokazania."));
 }
 
 std::vector<BillingText::Section> BillingText::sections(const BillingStatement &s)

@@ -32,6 +32,10 @@ QString fee(const std::optional<double> &value);
 
 // "Regulator 'A', okres ...": the line under the title.
 QString subtitle(const BillingStatement &s);
+// The sections of sections(), in their order.
+enum Part { Tariff, Energies, WorstByExcess, WorstByFee, Gaps, Notes };
 std::vector<Section> sections(const BillingStatement &s);
+// Each day of the period, in the columns of the ten-day tables (a window shows it; the PDF does not).
+Section dailySeries(const BillingStatement &s);
 
 }

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <QDate>
 #include <QHash>
 #include <QMainWindow>
 #include <QPointer>
+#include <cstdint>
 #include <functional>
 #include <memory>
 
@@ -26,6 +28,7 @@ class fmRapDob;
 class fmRapDobS;
 class fmRapOkres;
 class fmRapOkresS;
+class fmRozliczenie;
 class StatusPanels;
 
 // The frame of the station: menu, toolbar, status bar and the area in which
@@ -69,6 +72,8 @@ public:
     void PokazPanel(bool pokaz);
     void PokazDane(bool pokaz);
     void UstawMonitoring(bool wlacz);
+    // The daily chart of a controller (by address) on a day, drawn.
+    void openDailyChart(std::int16_t adres, QDate day);
 
 protected:
     void closeEvent(QCloseEvent *event) override;
@@ -96,6 +101,8 @@ private:
     bool createStructure();
     // The controllers under an object, from the tree (built unseen if need be).
     QString controllerList(const QString &name);
+    // The bill of reactive energy of the structure's current element, computed.
+    void openBilling();
     // Adds an element under the current one of the object tree.
     void openElementDialog();
     // Closes a child window with the frame around it.
@@ -125,5 +132,6 @@ private:
     QPointer<fmRapDobS> m_objectDailyReport;
     QPointer<fmRapOkres> m_periodReport;
     QPointer<fmRapOkresS> m_objectPeriodReport;
+    QPointer<fmRozliczenie> m_billing;
     bool m_closing = false;
 };

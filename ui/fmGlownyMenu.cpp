@@ -15,6 +15,7 @@
 #include "fmRapDobS.h"
 #include "fmRapOkres.h"
 #include "fmRapOkresS.h"
+#include "fmRozliczenie.h"
 #include "Raporty.h"
 #include "frmElStrukt.h"
 #include "frmSplash.h"
@@ -25,6 +26,8 @@
 #include "station/Station.h"
 #include "station/clsPozKolejki.h"
 
+#include <QComboBox>
+#include <QDateTimeEdit>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
@@ -99,6 +102,7 @@ void fmGlowny::buildMenus()
     QMenu *raporty = addMenu(bar, "mnuRaporty", "&Raporty");
     addEntry(raporty, "mnuRaportyDobowy", "Raport &dobowy", [this] { WyswRaportDobowy(); });
     addEntry(raporty, "mnuRapOkresowy", "Raport &okresowy", [this] { WyswRaportOkresowy(); });
+    addEntry(raporty, "mnuRozliczenie", "Rozliczenie energii &biernej", [this] { openBilling(); });
 
     QMenu *wykresy = addMenu(bar, "mnuWykresy", "&Wykresy");
     addEntry(wykresy, "mnuWykresDob", "Wykres &dobowy", [this] { openLoaded(m_dailyChart); });
@@ -134,6 +138,7 @@ void fmGlowny::buildMenus()
     str->menuAction()->setVisible(false); // the pop-up of the object tree
     addEntry(str, "mnuStrRapDob", "raport dobowy", [this] { WyswRaportDobowy(); });
     addEntry(str, "mnuStrRapOkr", "raport okresowy", [this] { WyswRaportOkresowy(); });
+    addEntry(str, "mnuStrRozl", "rozliczenie energii biernej", [this] { openBilling(); });
     // a plant's tree is built here too, not only from outside
     addEntry(str, "mnuStrSep", "-", {});
     addEntry(str, "mnuStrDodaj", "Dodaj element…", [this] { openElementDialog(); });
@@ -254,6 +259,28 @@ Window *fmGlowny::openLoaded(QPointer<Window> &window, Extra &...extra)
     }
     showChild(window);
     return window;
+}
+
+void fmGlowny::openDailyChart(std::int16_t adres, QDate day)
+{
+    fmWykresy1 *chart = openLoaded(m_dailyChart);
+    chart->cmbRegul()->setCurrentIndex(chart->cmbRegul()->findData(int(adres)));
+    chart->dtData()->setDate(day);
+    chart->btnWykreslClick();
+}
+
+void fmGlowny::openBilling()
+{
+    if (!m_billing) {
+        m_billing = new fmRozliczenie(
+            m_station, [this](const QString &name) { return controllerList(name); },
+            [this](std::int16_t adres, QDate day) { openDailyChart(adres, day); });
+        m_billing->load();
+    } else {
+        m_billing->chooseCurrent();
+    }
+    showChild(m_billing);
+    m_billing->btnObliczClick(); // asked for from the element: its bill of this month at once
 }
 
 bool fmGlowny::createStructure()
