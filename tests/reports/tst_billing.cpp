@@ -128,6 +128,7 @@ private slots:
         QCOMPARE(s.gaps[1].day, Third);
         QCOMPARE(s.gaps[1].missingHours, 12.0);
         QCOMPARE(s.total.coverage(), 65.0 / 78);
+        QVERIFY(s.notes.contains(QStringLiteral("Archiwum pokrywa 83,3 % okresu: 2 dni regulatorów z brakami pomiarów.")));
 
         // prog, r 0.33 at 0.5 zł/kvarh: A 451 - 234.3 = 216.7; B 96 - 82.5 = 13.5; Hala 547 - 316.8 = 230.2
         s = BillingStatement::compute(db, Hala, "Obiekt 'Hala'", First, Third, April, Threshold);
@@ -283,6 +284,8 @@ private slots:
                                       << "trzysta" << after << 0.0 << "Rozliczenie/Crk = „trzysta”";
         QTest::newRow("a dated value not a number") << "k"
                                                     << "1; 2026-01-01 x" << after << 0.0 << "„x” nie jest liczbą";
+        QTest::newRow("zero") << "tgFi0"
+                              << "0" << after << 0.0 << "";
         QTest::newRow("negative") << "r"
                                   << "-0,33" << after << 0.0 << "Rozliczenie/r";
         QTest::newRow("no such day") << "Crk"
