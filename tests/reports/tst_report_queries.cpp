@@ -117,14 +117,14 @@ private slots:
         QCOMPARE(QStringList({daily.figureText(F::Sum, "EnCzynna", "0,000"), daily.figureText(F::Average, "tgfi", "0,00"),
                               daily.figureText(F::Min, "tgfi", "0,00"), daily.figureText(F::Average, "Napiecie", "0")}),
                  (QStringList{"4,000", "0,50", "0,50", "395"}));
-        set = db.exec(ReportQueries::periodOfController(nov30, dec2, 1));
+        QSqlQuery periodRows = db.exec(ReportQueries::periodOfController(nov30, dec2, 1));
         ReportTable period(ReportTable::Kind::Period, {}, {});
-        period.read(set, {"data", "EnCzynnaSuma", "tgfiSr"});
+        period.read(periodRows, {"data", "EnCzynnaSuma", "tgfiSr"});
         QCOMPARE(QStringList({period.text(0, "data", "dd/MM/yyyy"), period.figureText(F::Sum, "EnCzynnaSuma", "0,000"),
                               period.figureText(F::Average, "tgfiSr", "0,00")}),
                  (QStringList{"01/12/26", "7,000", "0,58"}));
-        set = db.exec(ReportQueries::dailyOfController(dec2.addDays(5), 1));
-        daily.read(set, {"data", "EnCzynna"});
+        QSqlQuery noRows = db.exec(ReportQueries::dailyOfController(dec2.addDays(5), 1));
+        daily.read(noRows, {"data", "EnCzynna"});
         QVERIFY(daily.rowCount() == 0 && daily.figureText(F::Sum, "EnCzynna", "0,000").isEmpty());
         QCOMPARE(pictureFormatComma(-1.5, QStringLiteral("0,000;(0,000)")), QStringLiteral("(1,500)"));
 
