@@ -36,12 +36,17 @@ std::optional<TariffValues::Rule> rule(const QString &text)
     return std::nullopt;
 }
 
-void checkValue(const QString &key, const QString &whole, const QString &value)
+// The value of one item of the key's list, read once.
+double valueOf(const QString &key, const QString &whole, const QString &text)
 {
-    if (key == RuleKey ? !rule(value) : !number(value))
-        throw malformed(key, whole,
-                        key == RuleKey ? QStringLiteral("reguła to PL albo prog")
-                                       : QStringLiteral("wartość „%1” nie jest liczbą nieujemną").arg(value));
+    if (key == RuleKey) {
+        if (const std::optional<TariffValues::Rule> r = rule(text))
+            return double(*r);
+        throw malformed(key, whole, QStringLiteral("reguła to PL albo prog"));
+    }
+    if (const std::optional<double> x = number(text))
+        return *x;
+    throw malformed(key, whole, QStringLiteral("wartość „%1” nie jest liczbą nieujemną").arg(text));
 }
 
 }
@@ -80,14 +85,12 @@ std::vector<ReactiveTariff::Entry> ReactiveTariff::parse(const QString &key, con
     for (const QString &part : text.split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
         const QString item = part.trimmed();
         const QRegularExpressionMatch m = dated.match(item);
-        Entry e{m.hasMatch() ? QDate::fromString(m.captured(1), Qt::ISODate) : QDate(),
-                m.hasMatch() ? m.captured(2) : item};
-        if (m.hasMatch() && !e.from.isValid())
+        const QDate from = m.hasMatch() ? QDate::fromString(m.captured(1), Qt::ISODate) : QDate();
+        if (m.hasMatch() && !from.isValid())
             throw malformed(key, text, QStringLiteral("„%1” nie jest datą").arg(m.captured(1)));
-        if (!out.empty() && (!e.from.isValid() || e.from <= out.back().from))
+        if (!out.empty() && (!from.isValid() || from <= out.back().from))
             throw malformed(key, text, QStringLiteral("po pierwszej wartości każda następna ma datę późniejszą"));
-        checkValue(key, text, e.text);
-        out.push_back(e);
+        out.push_back({from, valueOf(key, text, m.hasMatch() ? m.captured(2) : item)});
     }
     if (out.empty())
         throw malformed(key, text, QStringLiteral("brak wartości"));
@@ -105,10 +108,10 @@ TariffValues ReactiveTariff::on(QDate day) const
         if (!holding)
             continue; // before its first date the default holds
         const QString &key = it.key();
+        const double x = holding->value;
         if (key == RuleKey)
-            v.rule = *rule(holding->text);
+            v.rule = TariffValues::Rule(int(x));
         else {
-            const double x = *number(holding->text);
             if (key == QLatin1String("tgFi0"))
                 v.tgFi0 = x;
             else if (key == QLatin1String("k"))
@@ -140,7 +143,9 @@ QString ReactiveTariff::history(const QString &key) const
 {
     QStringList parts;
     for (const Entry &e : m_entries.value(key)) {
-        const QString value = key == RuleKey ? e.text : QString::number(*number(e.text), 'g', 10);
+        const bool poland = TariffValues::Rule(int(e.value)) == TariffValues::Rule::Poland;
+        const QString value = key != RuleKey ? QString::number(e.value, 'g', 10)
+                                             : (poland ? QStringLiteral("PL") : QStringLiteral("prog"));
         parts << value + (e.from.isValid() ? QStringLiteral(" od ") + e.from.toString(Qt::ISODate)
                                            : QStringLiteral(" od zawsze"));
     }

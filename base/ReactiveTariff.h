@@ -52,7 +52,7 @@ public:
 private:
     struct Entry {
         QDate from; // invalid: from always
-        QString text;
+        double value; // the number, or for the rule its Rule
     };
     static std::vector<Entry> parse(const QString &key, const QString &text);
 
