@@ -12,6 +12,7 @@
 #include "station/Station.h"
 
 #include <QComboBox>
+#include <algorithm>
 #include <QDateTimeEdit>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -183,6 +184,7 @@ void fmRozliczenie::compute()
         return;
     m_statement = BillingStatement::compute(m_station.connection(), t->scope, t->title, m_first->date(),
                                             m_last->date(), m_station.now(), tariff);
+    m_billed = t->scope;
     showStatement(*m_statement);
 }
 
@@ -285,26 +287,17 @@ void fmRozliczenie::openDay(QDate day)
 }
 
 // A controller's own; for an object, its controller with the largest excess
-// that day (the first of them on a tie), each billed alone for that day.
+// that day (the first of them on a tie), from the bill of that day alone.
 std::int16_t fmRozliczenie::controllerOfDay(QDate day)
 {
     const BillingStatement &s = *m_statement;
-    if (s.controllers.empty())
+    const BillingStatement one =
+        BillingStatement::compute(m_station.connection(), m_billed, s.scope, day, day, s.computedAt, s.tariff);
+    const auto largest = std::max_element(one.controllers.begin(), one.controllers.end(),
+                                          [](const auto &a, const auto &b) { return a.excess < b.excess; });
+    if (largest == one.controllers.end())
         throw RunTimeError::invalidPropertyArrayIndex();
-    std::int16_t chosen = m_station.Regulatory.Item(s.controllers.front().kod).adres;
-    if (s.controllers.size() == 1)
-        return chosen;
-    double largest = -1;
-    for (const BillingStatement::Line &line : s.controllers) {
-        const std::int16_t adres = m_station.Regulatory.Item(line.kod).adres;
-        const BillingStatement one = BillingStatement::compute(m_station.connection(), {adres, {}}, line.kod, day,
-                                                               day, s.computedAt, s.tariff);
-        if (one.total.excess > largest) {
-            largest = one.total.excess;
-            chosen = adres;
-        }
-    }
-    return chosen;
+    return m_station.Regulatory.Item(largest->kod).adres;
 }
 
 QString fmRozliczenie::askPath(const char *extension, const QString &filter) const

@@ -88,4 +88,5 @@ private:
     QTabWidget *m_pages = nullptr;
     BillingChart *m_chart = nullptr;
     std::optional<BillingStatement> m_statement;
+    BillingQuery::Scope m_billed; // the scope of m_statement
 };
