@@ -32,6 +32,18 @@ DatabaseConfig DatabaseConfig::fromSettings(const SettingsStore &store)
     return c;
 }
 
+void DatabaseConfig::toSettings(SettingsStore &store) const
+{
+    const bool sqlite = engine == SqlDialect::Engine::SQLite;
+    const std::pair<const char *, QString> keys[] = {
+        {"silnik", sqlite ? QStringLiteral("sqlite") : QStringLiteral("postgresql")},
+        {"plik", file}, {"serwer", host}, {"port", QString::number(port)}, {"nazwa", name},
+        {"uzytkownik", user}, {"haslo", password},
+    };
+    for (const auto &[key, value] : keys)
+        store.setValue(section, QString::fromLatin1(key), value);
+}
+
 DatabaseConfig DatabaseConfig::fromUrl(const QString &url)
 {
     DatabaseConfig c;

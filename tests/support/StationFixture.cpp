@@ -2,30 +2,13 @@
 
 #include "db/Schema.h"
 
-namespace {
-
-// The "baza" section the station reads its database from.
-void storeConfig(SettingsStore &settings, const DatabaseConfig &c)
-{
-    const bool sqlite = c.engine == SqlDialect::Engine::SQLite;
-    const std::pair<const char *, QString> keys[] = {
-        {"silnik", sqlite ? QStringLiteral("sqlite") : QStringLiteral("postgresql")},
-        {"plik", c.file}, {"serwer", c.host}, {"port", QString::number(c.port)}, {"nazwa", c.name},
-        {"uzytkownik", c.user}, {"haslo", c.password},
-    };
-    for (const auto &[key, value] : keys)
-        settings.setValue(QStringLiteral("baza"), QString::fromLatin1(key), value);
-}
-
-}
-
 StationFixture::StationFixture(const QString &dbFile) : StationFixture(DatabaseConfig::fromUrl(QStringLiteral("sqlite:") + dbFile))
 {
 }
 
 StationFixture::StationFixture(const DatabaseConfig &config) : m_config(config)
 {
-    storeConfig(settings, config);
+    config.toSettings(settings);
 }
 
 Database &StationFixture::createDatabase()
